@@ -1,0 +1,34 @@
+# Build conventions shared by every target of the project.
+
+# Warnings of our own code; errors unless MABRIX_WARNINGS_AS_ERRORS is off.
+function(mabrix_warnings target)
+  if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+                                             -Wno-unused-parameter)
+    if(MABRIX_WARNINGS_AS_ERRORS)
+      target_compile_options(${target} PRIVATE -Werror)
+    endif()
+  endif()
+endfunction()
+
+# Every source of a target reports its checks under its path in the source
+# tree without the extension, e.g.
+# MabRixCommandModel/MabRixSAXHandlers.m/src/MabRixSAXHandlerBase.
+function(mabrix_check_files target)
+  get_target_property(sources ${target} SOURCES)
+  get_target_property(source_dir ${target} SOURCE_DIR)
+  foreach(source IN LISTS sources)
+    if(NOT source MATCHES "\\.cpp$")
+      continue()
+    endif()
+    if(IS_ABSOLUTE "${source}")
+      set(path "${source}")
+    else()
+      set(path "${source_dir}/${source}")
+    endif()
+    file(RELATIVE_PATH relative "${PROJECT_SOURCE_DIR}" "${path}")
+    string(REGEX REPLACE "\\.cpp$" "" check_file "${relative}")
+    set_property(SOURCE "${path}" TARGET_DIRECTORY ${target} APPEND PROPERTY COMPILE_DEFINITIONS
+                 "KEL_CHECK_FILE=\"${check_file}\"")
+  endforeach()
+endfunction()

@@ -1,0 +1,104 @@
+#include "KelError.h"
+
+#include <cstring>
+
+KelImplementClass(KelError, KelBaseUnknown, "KelSystem")
+KelImplementClass(MabRixError, KelError, "MabRixCommandModel")
+
+namespace
+{
+thread_local KelError* tpLastError = nullptr;
+
+struct CatalogEntry
+{
+  const char* _Catalog;
+  const char* _Key;
+  const char* _Text;
+};
+
+// The message catalogs known to this host.
+const CatalogEntry Catalog[] = {
+    {"MabRixIntegration", "Unexpected", "An unexpected error occurred while reading the server response."},
+    {"MabRixIntegration", "ParseFailed", "The server response could not be read: /p1"},
+};
+}  // namespace
+
+KelError::KelError(const char* iKey, const char* iCatalog) : _Key(iKey), _Catalog(iCatalog) {}
+
+KelUnicodeString KelError::GetNLSMessage() const
+{
+  for (const CatalogEntry& Entry : Catalog)
+  {
+    if (_Catalog != Entry._Catalog || _Key != Entry._Key)
+      continue;
+    std::string Text = Entry._Text;
+    for (int i = _Parameters.Size(); i >= 1; --i)
+    {
+      const std::string Marker = "/p" + std::to_string(i);
+      for (std::size_t At = Text.find(Marker); At != std::string::npos; At = Text.find(Marker, At))
+      {
+        Text.replace(At, Marker.size(), _Parameters[i - 1].ToUtf8());
+        At += _Parameters[i - 1].GetLengthInByte();
+      }
+    }
+    return KelUnicodeString(Text);
+  }
+  KelUnicodeString Text = _Catalog;
+  Text += ".";
+  Text += _Key;
+  return Text;
+}
+
+HRESULT KelError::GetReturn(int iKind, KelError* ipError, void*, const char* iFile, int iLine)
+{
+  if (iKind != 2)
+    return S_OK;
+  if (ipError)
+  {
+    ipError->_ReturnCode = E_FAIL;
+    ipError->_SourceFile = iFile;
+    ipError->_SourceLine = iLine;
+    ipError->AddRef();
+  }
+  KelCleanLastError();
+  tpLastError = ipError;
+  return E_FAIL;
+}
+
+KelError* KelError::KelGetLastError(HRESULT iResult, void*)
+{
+  if (SUCCEEDED(iResult) || !tpLastError)
+    return nullptr;
+  tpLastError->AddRef();
+  return tpLastError;
+}
+
+void KelError::KelCleanLastError()
+{
+  KelError* pError = tpLastError;
+  tpLastError = nullptr;
+  if (pError)
+    pError->Release();
+}
+
+HRESULT RixSuccessInit() { return S_OK; }
+
+HRESULT MabRixUnexpectedError(HRESULT iCode, const char* iFile, int iLine)
+{
+  HRESULT Code = iCode;
+  if (Code == S_OK || Code == E_UNEXPECTED)
+    Code = E_FAIL;
+  if (KelError* pPending = KelError::KelGetLastError(Code, nullptr))
+  {
+    const HRESULT Pending = pPending->GetReturnCode();
+    pPending->Release();
+    return Pending;
+  }
+  MabRixError* pError = new MabRixError("Unexpected", "MabRixIntegration");
+  const KelUnicodeStringList Parameters;
+  if (Parameters.Size() > 0)
+    pError->SetParameters(Parameters);
+  const HRESULT Result = KelError::GetReturn(2, pError, nullptr, iFile, iLine);
+  pError->Release();
+  return Result;
+}

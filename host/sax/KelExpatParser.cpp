@@ -1,0 +1,390 @@
+#include "KelExpatParser.h"
+
+#include <expat.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+KelImplementClass(KelExpatParser, KelBaseUnknown, "KelSystem")
+
+// Wraps expat's attribute array of the element being started; it is empty
+// outside the StartElement callback, so a list kept by a handler never
+// reaches freed memory.
+class KelExpatAttributeList : public virtual KelISAXAttributeList
+{
+public:
+  void Set(const XML_Char** ipAttributes) { _ppAttributes = ipAttributes; }
+
+  HRESULT GetLength(unsigned int& oLength) override
+  {
+    unsigned int Count = 0;
+    if (_ppAttributes)
+      while (_ppAttributes[2 * Count])
+        ++Count;
+    oLength = Count;
+    return S_OK;
+  }
+  HRESULT GetName(unsigned int iPosition, KelUnicodeString& oName) override
+  {
+    const XML_Char* const* ppPair = At(iPosition);
+    if (!ppPair)
+      return E_FAIL;
+    oName = ppPair[0];
+    return S_OK;
+  }
+  HRESULT GetValue(unsigned int iPosition, KelUnicodeString& oValue) override
+  {
+    const XML_Char* const* ppPair = At(iPosition);
+    if (!ppPair)
+      return E_FAIL;
+    oValue = ppPair[1];
+    return S_OK;
+  }
+  HRESULT GetValue(const KelUnicodeString& iName, KelUnicodeString& oValue) override
+  {
+    if (!_ppAttributes)
+      return E_FAIL;
+    const char* pName = iName.ConvertToChar();
+    for (const XML_Char** pp = _ppAttributes; *pp; pp += 2)
+      if (std::strcmp(pp[0], pName) == 0)
+      {
+        oValue = pp[1];
+        return S_OK;
+      }
+    return E_FAIL;
+  }
+
+private:
+  const XML_Char* const* At(unsigned int iPosition) const
+  {
+    if (!_ppAttributes)
+      return nullptr;
+    for (unsigned int i = 0; i < iPosition; ++i)
+      if (!_ppAttributes[2 * i])
+        return nullptr;
+    return _ppAttributes[2 * iPosition] ? _ppAttributes + 2 * iPosition : nullptr;
+  }
+
+  const XML_Char** _ppAttributes = nullptr;
+};
+
+class KelExpatLocator : public virtual KelISAXLocator
+{
+public:
+  explicit KelExpatLocator(const KelExpatParser& iParser) : _Parser(iParser) {}
+  HRESULT GetLineNumber(int& oLine) override
+  {
+    oLine = _Parser.GetCurrentLine();
+    return S_OK;
+  }
+  HRESULT GetColumnNumber(int& oColumn) override
+  {
+    oColumn = _Parser.GetCurrentColumn();
+    return S_OK;
+  }
+
+private:
+  const KelExpatParser& _Parser;
+};
+
+// Trampolines from expat's C callbacks. No exception leaves them.
+struct KelExpatCallbacks
+{
+  template <class F>
+  static void Deliver(KelExpatParser* ipParser, const char* iEvent, const char* iElement, F&& iCall)
+  {
+    if (ipParser->_Stopped || !ipParser->_spHandler)
+      return;
+    try
+    {
+      // The handler may give the parser away during its own callback.
+      const KelISAXDocumentHandler_var spHandler = ipParser->_spHandler;
+      const HRESULT hr = iCall(*spHandler.Get());
+      if (FAILED(hr))
+        ipParser->Record(hr, iEvent, iElement);
+    }
+    catch (...)
+    {
+      ipParser->_Exception = std::current_exception();
+      ipParser->Stop();
+    }
+  }
+
+  static void XMLCALL OnStartElement(void* ipData, const XML_Char* iName, const XML_Char** ipAttributes)
+  {
+    KelExpatParser* pParser = static_cast<KelExpatParser*>(ipData);
+    pParser->_pAttributes->Set(ipAttributes);
+    Deliver(pParser, "StartElement", iName, [&](KelISAXDocumentHandler& ioHandler) {
+      return ioHandler.StartElement(KelUnicodeString(iName), pParser->_spAttributes);
+    });
+    pParser->_pAttributes->Set(nullptr);
+  }
+
+  static void XMLCALL OnEndElement(void* ipData, const XML_Char* iName)
+  {
+    Deliver(static_cast<KelExpatParser*>(ipData), "EndElement", iName,
+            [&](KelISAXDocumentHandler& ioHandler) { return ioHandler.EndElement(KelUnicodeString(iName)); });
+  }
+
+  static void XMLCALL OnCharacters(void* ipData, const XML_Char* iText, int iLength)
+  {
+    Deliver(static_cast<KelExpatParser*>(ipData), "Characters", "", [&](KelISAXDocumentHandler& ioHandler) {
+      return ioHandler.Characters(KelUnicodeString(iText, static_cast<std::size_t>(iLength)));
+    });
+  }
+
+  static void XMLCALL OnProcessingInstruction(void* ipData, const XML_Char* iTarget, const XML_Char* iData)
+  {
+    Deliver(static_cast<KelExpatParser*>(ipData), "ProcessingInstruction", "",
+            [&](KelISAXDocumentHandler& ioHandler) {
+              return ioHandler.ProcessingInstruction(KelUnicodeString(iTarget), KelUnicodeString(iData));
+            });
+  }
+
+  static void XMLCALL OnStartDoctype(void* ipData, const XML_Char*, const XML_Char*, const XML_Char*, int)
+  {
+    KelExpatParser* pParser = static_cast<KelExpatParser*>(ipData);
+    if (pParser->_Options._AllowDoctype || pParser->_Stopped)
+      return;
+    pParser->SetParseError("document type declarations are not allowed in a server response");
+    pParser->Stop();
+  }
+
+  // External entities are skipped, never loaded.
+  static int XMLCALL OnExternalEntity(XML_Parser, const XML_Char*, const XML_Char*, const XML_Char*,
+                                      const XML_Char*)
+  {
+    return XML_STATUS_OK;
+  }
+};
+
+KelExpatParser::KelExpatParser() : KelExpatParser(Options()) {}
+
+KelExpatParser::KelExpatParser(const Options& iOptions) : _Options(iOptions)
+{
+  if (_Options._ChunkSize == 0)
+    _Options._ChunkSize = 64 * 1024;
+  _pAttributes = new KelExpatAttributeList();
+  _spAttributes = KelISAXAttributeList_var::Adopt(_pAttributes);
+  _spLocator = KelISAXLocator_var::Adopt(new KelExpatLocator(*this));
+}
+
+KelExpatParser::~KelExpatParser()
+{
+  if (_pExpat)
+    XML_ParserFree(_pExpat);
+}
+
+HRESULT KelExpatParser::SetDocumentHandler(const KelISAXDocumentHandler_var& iHandler)
+{
+  _spHandler = iHandler;
+  if (_Observer)
+    _Observer(_spHandler);
+  return S_OK;
+}
+
+HRESULT KelExpatParser::GetDocumentHandler(KelISAXDocumentHandler_var& oHandler)
+{
+  oHandler = _spHandler;
+  return S_OK;
+}
+
+void KelExpatParser::CreateExpat()
+{
+  if (_pExpat)
+    XML_ParserFree(_pExpat);
+  _pExpat = XML_ParserCreate(nullptr);
+  if (!_pExpat)
+    throw std::bad_alloc();
+  XML_SetUserData(_pExpat, this);
+  XML_SetElementHandler(_pExpat, &KelExpatCallbacks::OnStartElement, &KelExpatCallbacks::OnEndElement);
+  XML_SetCharacterDataHandler(_pExpat, &KelExpatCallbacks::OnCharacters);
+  XML_SetProcessingInstructionHandler(_pExpat, &KelExpatCallbacks::OnProcessingInstruction);
+  XML_SetStartDoctypeDeclHandler(_pExpat, &KelExpatCallbacks::OnStartDoctype);
+  XML_SetExternalEntityRefHandler(_pExpat, &KelExpatCallbacks::OnExternalEntity);
+  XML_SetParamEntityParsing(_pExpat, XML_PARAM_ENTITY_PARSING_NEVER);
+}
+
+void KelExpatParser::Begin()
+{
+  CreateExpat();
+  _Failures.clear();
+  _FailureCount = 0;
+  _HasParseError = false;
+  _ParseError = KelSAXParseError();
+  _Exception = nullptr;
+  _Stopped = false;
+  _Started = true;
+  if (KelISAXDocumentHandler_var spHandler = _spHandler)
+  {
+    spHandler->SetDocumentLocator(_spLocator);
+    if (_spHandler)
+      _spHandler->StartDocument();
+  }
+}
+
+HRESULT KelExpatParser::Feed(const char* iData, std::size_t iSize, bool iFinal)
+{
+  if (!_Started)
+    Begin();
+  // expat takes int lengths: feed a huge buffer in pieces.
+  const std::size_t MaxPiece = 1u << 30;
+  do
+  {
+    if (_Stopped || _HasParseError)
+      break;
+    const std::size_t Piece = iSize < MaxPiece ? iSize : MaxPiece;
+    const bool Last = iFinal && Piece == iSize;
+    if (XML_Parse(_pExpat, iData, static_cast<int>(Piece), Last ? 1 : 0) == XML_STATUS_ERROR)
+    {
+      const XML_Error Code = XML_GetErrorCode(_pExpat);
+      if (Code != XML_ERROR_ABORTED && !_HasParseError)
+        SetParseError(XML_ErrorString(Code));
+      _Stopped = true;
+    }
+    iData += Piece;
+    iSize -= Piece;
+  } while (iSize > 0);
+  if (_Exception)
+  {
+    std::exception_ptr Exception = _Exception;
+    _Exception = nullptr;
+    EndParse();
+    std::rethrow_exception(Exception);
+  }
+  if (iFinal || _Stopped || _HasParseError)
+    Finish(iFinal);
+  if (_HasParseError)
+    return E_FAIL;
+  return GetFirstFailedResult();
+}
+
+void KelExpatParser::Finish(bool iComplete)
+{
+  if (!_Started)
+    return;
+  if (iComplete && !_HasParseError && !_Stopped)
+    if (KelISAXDocumentHandler_var spHandler = _spHandler)
+    {
+      const HRESULT hr = spHandler->EndDocument();
+      if (FAILED(hr))
+        Record(hr, "EndDocument", "");
+    }
+  EndParse();
+}
+
+// Handlers hold the parser; the parser lets its handler go once the document
+// is over, so the two never keep each other alive.
+void KelExpatParser::EndParse()
+{
+  _Started = false;
+  _spHandler = nullptr;
+}
+
+HRESULT KelExpatParser::Parse(const char* iData, std::size_t iSize)
+{
+  Begin();
+  return Feed(iData ? iData : "", iData ? iSize : 0, true);
+}
+
+HRESULT KelExpatParser::ParseFile(const char* iPath)
+{
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> File(std::fopen(iPath ? iPath : "", "rb"), &std::fclose);
+  if (!File)
+  {
+    const int Error = errno;
+    Begin();
+    EndParse();
+    SetParseError(std::string("cannot open ") + (iPath ? iPath : "") + ": " + std::strerror(Error));
+    _ParseError._Line = 0;
+    _ParseError._Column = 0;
+    return E_FAIL;
+  }
+  Begin();
+  std::vector<char> Buffer(_Options._ChunkSize);
+  while (true)
+  {
+    const std::size_t Read = std::fread(Buffer.data(), 1, Buffer.size(), File.get());
+    if (std::ferror(File.get()))
+    {
+      SetParseError(std::string("cannot read ") + iPath);
+      EndParse();
+      return E_FAIL;
+    }
+    const bool Final = Read < Buffer.size() && std::feof(File.get());
+    Feed(Buffer.data(), Read, Final);
+    if (Final || _Stopped || _HasParseError)
+      break;
+  }
+  Finish(true);
+  return _HasParseError ? E_FAIL : GetFirstFailedResult();
+}
+
+HRESULT KelExpatParser::ParseStream(std::istream& ioStream)
+{
+  Begin();
+  std::vector<char> Buffer(_Options._ChunkSize);
+  while (true)
+  {
+    ioStream.read(Buffer.data(), static_cast<std::streamsize>(Buffer.size()));
+    const std::size_t Read = static_cast<std::size_t>(ioStream.gcount());
+    if (ioStream.bad())
+    {
+      SetParseError("cannot read the stream");
+      EndParse();
+      return E_FAIL;
+    }
+    const bool Final = !ioStream;
+    Feed(Buffer.data(), Read, Final);
+    if (Final || _Stopped || _HasParseError)
+      break;
+  }
+  Finish(true);
+  return _HasParseError ? E_FAIL : GetFirstFailedResult();
+}
+
+int KelExpatParser::GetCurrentLine() const
+{
+  return _pExpat ? static_cast<int>(XML_GetCurrentLineNumber(_pExpat)) : 0;
+}
+
+int KelExpatParser::GetCurrentColumn() const
+{
+  return _pExpat ? static_cast<int>(XML_GetCurrentColumnNumber(_pExpat)) + 1 : 0;
+}
+
+void KelExpatParser::Record(HRESULT iResult, const char* iEvent, const char* iElement)
+{
+  ++_FailureCount;
+  if (_Failures.size() < _Options._MaxRecordedFailures)
+  {
+    KelSAXCallbackFailure Failure;
+    Failure._Result = iResult;
+    Failure._Event = iEvent;
+    Failure._Element = iElement;
+    Failure._Line = GetCurrentLine();
+    Failure._Column = GetCurrentColumn();
+    _Failures.push_back(std::move(Failure));
+  }
+  if (_Options._StopOnCallbackFailure)
+    Stop();
+}
+
+void KelExpatParser::SetParseError(const std::string& iMessage)
+{
+  _HasParseError = true;
+  _ParseError._Message = KelUnicodeString(iMessage);
+  _ParseError._Line = GetCurrentLine();
+  _ParseError._Column = GetCurrentColumn();
+}
+
+void KelExpatParser::Stop()
+{
+  if (_Stopped)
+    return;
+  _Stopped = true;
+  if (_pExpat)
+    XML_StopParser(_pExpat, XML_FALSE);
+}

@@ -1,0 +1,13 @@
+// The dictionaries the handlers fill, named by value type then key type.
+#ifndef KelDicos_h
+#define KelDicos_h
+
+#include "KelDico.h"
+#include "KelUnicodeStringList.h"
+#include "KelVar.h"
+
+typedef KelDico<KelUnicodeString> KelUnicodeStringKelUnicodeStringDico;
+typedef KelDico<KelUnicodeStringList> KelUnicodeStringListKelUnicodeStringDico;
+typedef KelDico<KelBaseUnknown_var> KelBaseUnknown_varKelUnicodeStringDico;
+
+#endif

@@ -1,0 +1,3 @@
+#include "MabRixBooleanValue.h"
+
+KelImplementClass(MabRixBooleanValue, KelBaseUnknown, "KelSystem")

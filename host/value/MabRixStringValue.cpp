@@ -1,0 +1,3 @@
+#include "MabRixStringValue.h"
+
+KelImplementClass(MabRixStringValue, KelBaseUnknown, "KelSystem")
