@@ -1,0 +1,3 @@
+#include "MabRixStringMapValue.h"
+
+KelImplementClass(MabRixStringMapValue, KelBaseUnknown, "KelSystem")

@@ -1,0 +1,86 @@
+// Driving a handler by hand, without a document: an attribute list with
+// scripted answers and a root parent to build the handler under. Lets a test
+// call StartElement, EndElement and Value directly.
+#ifndef MabRixTestDirect_h
+#define MabRixTestDirect_h
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "KelISAXAttributeList.h"
+#include "MabRixTestSupport.h"
+
+class MabRixTestAttributeList : public virtual KelISAXAttributeList
+{
+public:
+  explicit MabRixTestAttributeList(std::vector<std::pair<std::string, std::string>> iAttributes = {})
+      : _Attributes(std::move(iAttributes))
+  {
+  }
+
+  static KelISAXAttributeList_var Make(std::vector<std::pair<std::string, std::string>> iAttributes = {})
+  {
+    return KelISAXAttributeList_var::Adopt(new MabRixTestAttributeList(std::move(iAttributes)));
+  }
+
+  HRESULT GetLength(unsigned int& oLength) override
+  {
+    if (FAILED(_LengthResult))
+      return _LengthResult;
+    oLength = static_cast<unsigned int>(_Attributes.size());
+    return _LengthResult;
+  }
+  HRESULT GetName(unsigned int iPosition, KelUnicodeString& oName) override
+  {
+    if (iPosition >= _Attributes.size())
+      return E_FAIL;
+    oName = _Attributes[iPosition].first.c_str();
+    return S_OK;
+  }
+  HRESULT GetValue(unsigned int iPosition, KelUnicodeString& oValue) override
+  {
+    if (iPosition >= _Attributes.size())
+      return E_FAIL;
+    oValue = _Attributes[iPosition].second.c_str();
+    return S_OK;
+  }
+  HRESULT GetValue(const KelUnicodeString& iName, KelUnicodeString& oValue) override
+  {
+    for (const auto& Attribute : _Attributes)
+      if (iName == Attribute.first.c_str())
+      {
+        oValue = Attribute.second.c_str();
+        return S_OK;
+      }
+    return E_FAIL;
+  }
+
+  HRESULT _LengthResult = S_OK;  // what GetLength answers
+
+private:
+  std::vector<std::pair<std::string, std::string>> _Attributes;
+};
+
+// A parser and a root handler that a handler under test can take as parent.
+struct MabRixTestParent
+{
+  MabRixTestParent()
+  {
+    _spParser = KelVar<KelExpatParser>::Adopt(new KelExpatParser());
+    KelISAXParser_var spParser(_spParser);
+    _spRoot = KelVar<MabRixTestRootHandler>::Adopt(new MabRixTestRootHandler(spParser, nullptr, ""));
+  }
+  // No document ends here to make the parser let go of its handler.
+  ~MabRixTestParent() { _spParser->SetDocumentHandler(nullptr); }
+  MabRixTestParent(const MabRixTestParent&) = delete;
+  MabRixTestParent& operator=(const MabRixTestParent&) = delete;
+
+  MabRixSAXHandlerBase& Root() { return *_spRoot.Get(); }
+  const std::vector<MabIRixValue_var>& Values() const { return _spRoot->Values(); }
+
+  KelVar<KelExpatParser> _spParser;
+  KelVar<MabRixTestRootHandler> _spRoot;
+};
+
+#endif
