@@ -1,0 +1,3 @@
+#include "MabRixTemplateQueryResultValue.h"
+
+KelImplementClass(MabRixTemplateQueryResultValue, KelBaseUnknown, "KelSystem")

@@ -1,0 +1,3 @@
+#include "MabRixWorkspaceListQueryResultValue.h"
+
+KelImplementClass(MabRixWorkspaceListQueryResultValue, KelBaseUnknown, "KelSystem")

@@ -1,0 +1,3 @@
+#include "MabRixWorkspaceVaultListQueryResultValue.h"
+
+KelImplementClass(MabRixWorkspaceVaultListQueryResultValue, KelBaseUnknown, "KelSystem")
