@@ -1,0 +1,28 @@
+#include "MabRixSAXHandlerStringListMap.h"
+
+#include "MabRixLeafHandlerMacros.h"
+#include "MabRixStringListMapValue.h"
+#include "MabRixStringUtils.h"
+
+MabRixImplementHandler(MabRixSAXHandlerStringListMap, MabRixSAXHandlerBase)
+
+MabRixSAXHandlerStringListMap::MabRixSAXHandlerStringListMap(MabRixSAXHandlerBase& iParent,
+                                                             const KelUnicodeString& iFirstSeparator,
+                                                             const KelUnicodeString& iSecondSeparator,
+                                                             const KelUnicodeString& iListSeparator)
+    : MabRixSAXHandlerBase(iParent), _FirstSeparator(iFirstSeparator), _SecondSeparator(iSecondSeparator),
+      _ListSeparator(iListSeparator)
+{
+}
+
+MabRixSAXHandlerStringListMap::~MabRixSAXHandlerStringListMap() = default;
+
+MabRixImplementLeafStartElement(MabRixSAXHandlerStringListMap)
+MabRixImplementLeafEndElement(MabRixSAXHandlerStringListMap)
+
+MabIRixValue_var MabRixSAXHandlerStringListMap::BuildValue() const
+{
+  MabRixStringListMapValue* pValue = new MabRixStringListMapValue();
+  pValue->_Value = MabRixStringUtils::GetListMap(_Characters, _FirstSeparator, _SecondSeparator, _ListSeparator);
+  return MabIRixValue_var::Adopt(pValue);
+}

@@ -1,0 +1,26 @@
+#include "MabRixSAXHandlerStringMap.h"
+
+#include "MabRixLeafHandlerMacros.h"
+#include "MabRixStringMapValue.h"
+#include "MabRixStringUtils.h"
+
+MabRixImplementHandler(MabRixSAXHandlerStringMap, MabRixSAXHandlerBase)
+
+MabRixSAXHandlerStringMap::MabRixSAXHandlerStringMap(MabRixSAXHandlerBase& iParent,
+                                                     const KelUnicodeString& iFirstSeparator,
+                                                     const KelUnicodeString& iSecondSeparator)
+    : MabRixSAXHandlerBase(iParent), _FirstSeparator(iFirstSeparator), _SecondSeparator(iSecondSeparator)
+{
+}
+
+MabRixSAXHandlerStringMap::~MabRixSAXHandlerStringMap() = default;
+
+MabRixImplementLeafStartElement(MabRixSAXHandlerStringMap)
+MabRixImplementLeafEndElement(MabRixSAXHandlerStringMap)
+
+MabIRixValue_var MabRixSAXHandlerStringMap::BuildValue() const
+{
+  MabRixStringMapValue* pValue = new MabRixStringMapValue();
+  pValue->_Value = MabRixStringUtils::GetMap(_Characters, _FirstSeparator, _SecondSeparator);
+  return MabIRixValue_var::Adopt(pValue);
+}

@@ -1,0 +1,5 @@
+#include "MabRixValueFormat.h"
+
+MabRixImplementClass(MabRixValueFormat, KelBaseUnknown)
+
+MabRixValueFormat::~MabRixValueFormat() = default;

@@ -1,0 +1,3 @@
+#include "MabRixAttributeValue.h"
+
+KelImplementClass(MabRixAttributeValue, KelBaseUnknown, "KelSystem")

@@ -1,0 +1,3 @@
+#include "MabRixStringListMapValue.h"
+
+KelImplementClass(MabRixStringListMapValue, KelBaseUnknown, "KelSystem")

@@ -1,0 +1,18 @@
+// A map from string to a list of strings.
+#ifndef MabRixStringListMapValue_h
+#define MabRixStringListMapValue_h
+
+#include "KelClassMacros.h"
+#include "KelDicos.h"
+#include "MabIRixValue.h"
+
+class MabRixStringListMapValue : public virtual MabIRixValue
+{
+  KelDeclareClass
+
+public:
+  MabRixStringListMapValue() = default;
+  KelUnicodeStringListKelUnicodeStringDico _Value;
+};
+
+#endif

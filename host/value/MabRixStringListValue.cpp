@@ -1,0 +1,3 @@
+#include "MabRixStringListValue.h"
+
+KelImplementClass(MabRixStringListValue, KelBaseUnknown, "KelSystem")

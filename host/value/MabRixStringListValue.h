@@ -1,0 +1,18 @@
+// A list of strings, in order.
+#ifndef MabRixStringListValue_h
+#define MabRixStringListValue_h
+
+#include "KelClassMacros.h"
+#include "KelUnicodeStringList.h"
+#include "MabIRixValue.h"
+
+class MabRixStringListValue : public virtual MabIRixValue
+{
+  KelDeclareClass
+
+public:
+  MabRixStringListValue() = default;
+  KelUnicodeStringList _Value;
+};
+
+#endif
