@@ -1,0 +1,3 @@
+#include "MabERixEntity.h"
+
+KelImplementClass(MabERixEntity, KelBaseUnknown, "KelSystem")

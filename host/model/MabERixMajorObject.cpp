@@ -1,0 +1,13 @@
+#include "MabERixMajorObject.h"
+
+KelImplementClass(MabERixMajorObject, MabERixEntity, "KelSystem")
+
+MabERixMajorObject::MabERixMajorObject(MabERixObject& iObject, const KelUnicodeString& iRevision)
+    : MabERixEntity(iObject.GetKeyType(), iObject.GetKeyName()), _KeyRevision(iRevision), _spObject(&iObject)
+{
+}
+
+HRESULT MabERixMajorObject::GetCurrentMajorRevision(KelUnicodeString& oRevision) const
+{
+  return _spObject->GetContextCurrentRevision(oRevision);
+}

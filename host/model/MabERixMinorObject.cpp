@@ -1,0 +1,23 @@
+#include "MabERixMinorObject.h"
+
+KelImplementClass(MabERixMinorObject, MabERixEntity, "KelSystem")
+
+MabERixMinorObject::MabERixMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
+                                       const KelUnicodeString& iName, const KelUnicodeString& iRevision,
+                                       const KelUnicodeString& iVersion)
+    : MabERixEntity(iType, iName), _ID(iID), _KeyRevision(iRevision), _KeyVersion(iVersion)
+{
+}
+
+HRESULT MabERixMinorObject::GetDocumentID(MabRixDocumentID& oID) const { return GetMinorDocumentID(oID); }
+
+HRESULT MabERixMinorObject::GetDocumentIDList(MabRixDocumentIDList& oList) const
+{
+  MabRixDocumentID ID;
+  const HRESULT Result = GetDocumentID(ID);
+  if (FAILED(Result))
+    return Result;
+  oList.RemoveAll();
+  oList.Append(ID);
+  return S_OK;
+}

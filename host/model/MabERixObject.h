@@ -1,0 +1,35 @@
+// An object of a context: one per type and name.
+#ifndef MabERixObject_h
+#define MabERixObject_h
+
+#include "KelVar.h"
+#include "MabERixEntity.h"
+
+class MabERixObject : public MabERixEntity
+{
+  KelDeclareClass
+
+public:
+  MabERixObject(const KelUnicodeString& iType, const KelUnicodeString& iName) : MabERixEntity(iType, iName) {}
+
+  MabERixProperty(KelUnicodeString, Type)
+  MabERixProperty(KelUnicodeString, Name)
+  MabERixProperty(KelUnicodeString, CADType)
+  MabERixProperty(KelUnicodeString, CurrentMajorRevision)
+  MabERixProperty(KelUnicodeString, NextMajorRevision)
+
+  // The revision a CAD context made current for this object
+  // (MabRixCADObjectContext::SetMajorRevision); E_FAIL, out untouched, while
+  // none was. Not a property: the context keeps it.
+  HRESULT GetContextCurrentRevision(KelUnicodeString& oRevision) const;
+
+private:
+  friend class MabRixCADObjectContext;
+
+  KelUnicodeString _ContextCurrentRevision;
+  bool _bHasContextCurrentRevision = false;
+};
+
+typedef KelVar<MabERixObject> MabERixObject_var;
+
+#endif

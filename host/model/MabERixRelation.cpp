@@ -1,0 +1,3 @@
+#include "MabERixRelation.h"
+
+KelImplementClass(MabERixRelation, KelBaseUnknown, "KelSystem")

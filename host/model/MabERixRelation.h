@@ -1,0 +1,35 @@
+// A relation of a TNR context: the object that contains another one, the
+// relationship id between them and the contained object.
+#ifndef MabERixRelation_h
+#define MabERixRelation_h
+
+#include "KelBaseUnknown.h"
+#include "KelClassMacros.h"
+#include "KelVar.h"
+#include "MabRixObjectID.h"
+
+class MabERixRelation : public KelBaseUnknown
+{
+  KelDeclareClass
+
+public:
+  MabERixRelation(const MabRixObjectID& iFrom, const KelUnicodeString& iRelationshipID, const MabRixObjectID& iTo)
+      : _From(iFrom), _RelationshipID(iRelationshipID), _To(iTo)
+  {
+  }
+  MabERixRelation(const MabERixRelation&) = delete;
+  MabERixRelation& operator=(const MabERixRelation&) = delete;
+
+  const MabRixObjectID& GetFromObjectID() const { return _From; }
+  const KelUnicodeString& GetRelationshipID() const { return _RelationshipID; }
+  const MabRixObjectID& GetToObjectID() const { return _To; }
+
+private:
+  MabRixObjectID _From;
+  KelUnicodeString _RelationshipID;
+  MabRixObjectID _To;
+};
+
+typedef KelVar<MabERixRelation> MabERixRelation_var;
+
+#endif

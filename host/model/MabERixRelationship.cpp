@@ -1,0 +1,3 @@
+#include "MabERixRelationship.h"
+
+KelImplementClass(MabERixRelationship, KelBaseUnknown, "KelSystem")

@@ -1,0 +1,32 @@
+// A relationship of a TNR context, known by its id and kind, with the
+// attributes the server gave it.
+#ifndef MabERixRelationship_h
+#define MabERixRelationship_h
+
+#include "KelBaseUnknown.h"
+#include "KelClassMacros.h"
+#include "KelDicos.h"
+#include "KelVar.h"
+
+class MabERixRelationship : public KelBaseUnknown
+{
+  KelDeclareClass
+
+public:
+  MabERixRelationship(const KelUnicodeString& iID, const KelUnicodeString& iKind) : _ID(iID), _Kind(iKind) {}
+  MabERixRelationship(const MabERixRelationship&) = delete;
+  MabERixRelationship& operator=(const MabERixRelationship&) = delete;
+
+  const KelUnicodeString& GetID() const { return _ID; }
+  const KelUnicodeString& GetKind() const { return _Kind; }
+
+  KelUnicodeStringKelUnicodeStringDico _Attributes;  // attribute name to value
+
+private:
+  KelUnicodeString _ID;
+  KelUnicodeString _Kind;
+};
+
+typedef KelVar<MabERixRelationship> MabERixRelationship_var;
+
+#endif

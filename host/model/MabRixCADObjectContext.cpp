@@ -1,0 +1,69 @@
+#include "MabRixCADObjectContext.h"
+
+KelImplementClass(MabRixCADObjectContext, MabRixObjectContext, "KelSystem")
+
+MabERixMajorObject* MabRixCADObjectContext::CreateMajorObject(const KelUnicodeString& iType,
+                                                              const KelUnicodeString& iName)
+{
+  MabERixObject* pObject = FindOrAddObject(iType, iName);
+  KelUnicodeString Revision;
+  if (SUCCEEDED(pObject->GetContextCurrentRevision(Revision)))
+    return NewReference(FindOrAddMajorObject(iType, iName, Revision));
+
+  const KelUnicodeString Key = MabRixObjectID(iType, iName).GetKey();
+  const auto Found = _PendingMajorIndex.find(Key);
+  if (Found != _PendingMajorIndex.end())
+    return NewReference(Found->second);
+  MabERixMajorObject* pMajor = AddUnindexedMajorObject(*pObject, KelUnicodeString());
+  _PendingMajorIndex.emplace(Key, pMajor);
+  return NewReference(pMajor);
+}
+
+MabERixMinorObject* MabRixCADObjectContext::CreateMinorObject(const KelUnicodeString& iType,
+                                                              const KelUnicodeString& iName)
+{
+  return NewReference(
+      FindOrAddMinorObject(MabRixObjectID(iType, iName), iType, iName, KelUnicodeString(), KelUnicodeString()));
+}
+
+HRESULT MabRixCADObjectContext::SetMajorRevision(const KelUnicodeString& iType, const KelUnicodeString& iName,
+                                                 const KelUnicodeString& iRevision)
+{
+  if (iRevision.IsEmpty())
+    return E_FAIL;
+  MabERixObject* pObject = FindOrAddObject(iType, iName);
+  pObject->_ContextCurrentRevision = iRevision;
+  pObject->_bHasContextCurrentRevision = true;
+
+  // The major object made while no revision was known is this revision's.
+  const auto Pending = _PendingMajorIndex.find(MabRixObjectID(iType, iName).GetKey());
+  if (Pending == _PendingMajorIndex.end())
+    return S_OK;
+  MabERixMajorObject* pMajor = Pending->second;
+  _PendingMajorIndex.erase(Pending);
+  if (!FindMajorObject(iType, iName, iRevision))
+  {
+    pMajor->_KeyRevision = iRevision;
+    IndexMajorObject(*pMajor);
+  }
+  return S_OK;
+}
+
+MabERixMajorObject* MabRixCADObjectContext::FindCurrentMajorObject(const KelUnicodeString& iType,
+                                                                   const KelUnicodeString& iName) const
+{
+  const KelUnicodeString Key = MabRixObjectID(iType, iName).GetKey();
+  const auto Pending = _PendingMajorIndex.find(Key);
+  if (Pending != _PendingMajorIndex.end())
+    return Pending->second;
+  const MabERixObject* pObject = FindObject(iType, iName);
+  KelUnicodeString Revision;
+  if (!pObject || FAILED(pObject->GetContextCurrentRevision(Revision)))
+    return nullptr;
+  return FindMajorObject(iType, iName, Revision);
+}
+
+KelBaseUnknown_var MabRixCADObjectContext::GetMajorObject(const MabRixObjectID& iID)
+{
+  return KelBaseUnknown_var(FindCurrentMajorObject(iID.GetType(), iID.GetName()));
+}

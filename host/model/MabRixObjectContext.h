@@ -1,0 +1,101 @@
+// Common part of the object contexts: it owns every entity created in it and
+// releases them when it is destroyed. Each kind of entity is enumerated in
+// creation order.
+//
+// Create operations get or create: a repeated creation for the same key
+// returns the same entity. Unless stated otherwise they return a new
+// reference that the caller releases, or null when the entity cannot be made.
+#ifndef MabRixObjectContext_h
+#define MabRixObjectContext_h
+
+#include <unordered_map>
+#include <vector>
+
+#include "KelBaseUnknown.h"
+#include "KelClassMacros.h"
+#include "KelVar.h"
+#include "MabERixMajorObject.h"
+#include "MabERixMinorObject.h"
+#include "MabERixObject.h"
+#include "MabERixRelation.h"
+#include "MabERixRelationship.h"
+#include "MabRixObjectID.h"
+
+class MabRixObjectContext : public KelBaseUnknown
+{
+  KelDeclareClass
+
+public:
+  MabRixObjectContext(const MabRixObjectContext&) = delete;
+  MabRixObjectContext& operator=(const MabRixObjectContext&) = delete;
+
+  // The object of a type and name.
+  MabERixObject* CreateObject(const KelUnicodeString& iType, const KelUnicodeString& iName);
+  // The major object of a type, name and revision; its object is got or
+  // created with it.
+  MabERixMajorObject* CreateMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
+                                        const KelUnicodeString& iRevision);
+
+  // The object of iID's type and name; null when there is none.
+  virtual KelBaseUnknown_var GetObject(const MabRixObjectID& iID);
+  // The minor object created with an ID equal to iID; null when none.
+  virtual KelBaseUnknown_var GetMinorObject(const MabRixObjectID& iID);
+
+  // Content, each kind in creation order.
+  const std::vector<MabERixObject_var>& GetObjects() const { return _Objects; }
+  const std::vector<MabERixMajorObject_var>& GetMajorObjects() const { return _MajorObjects; }
+  const std::vector<MabERixMinorObject_var>& GetMinorObjects() const { return _MinorObjects; }
+  const std::vector<MabERixRelationship_var>& GetRelationships() const { return _Relationships; }
+  const std::vector<MabERixRelation_var>& GetRelations() const { return _Relations; }
+
+protected:
+  MabRixObjectContext() = default;
+
+  // Finders and makers below return the context's own pointer (no new
+  // reference).
+  MabERixObject* FindObject(const KelUnicodeString& iType, const KelUnicodeString& iName) const;
+  MabERixObject* FindOrAddObject(const KelUnicodeString& iType, const KelUnicodeString& iName);
+  MabERixMajorObject* FindMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
+                                      const KelUnicodeString& iRevision) const;
+  MabERixMajorObject* FindOrAddMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
+                                           const KelUnicodeString& iRevision);
+  // A major object of iObject entered in no revision index.
+  MabERixMajorObject* AddUnindexedMajorObject(MabERixObject& iObject, const KelUnicodeString& iRevision);
+  // Enters an existing major object in the index of its key revision.
+  void IndexMajorObject(MabERixMajorObject& iMajor);
+  MabERixMinorObject* FindMinorObject(const MabRixObjectID& iID) const;
+  MabERixMinorObject* FindOrAddMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
+                                           const KelUnicodeString& iName, const KelUnicodeString& iRevision,
+                                           const KelUnicodeString& iVersion);
+  MabERixRelationship* FindOrAddRelationship(const KelUnicodeString& iID, const KelUnicodeString& iKind);
+  MabERixRelation* FindOrAddRelation(const MabRixObjectID& iFrom, const KelUnicodeString& iRelationshipID,
+                                     const MabRixObjectID& iTo);
+
+  // A new reference to ipEntity for the caller (null stays null).
+  template <class T>
+  static T* NewReference(T* ipEntity)
+  {
+    if (ipEntity)
+      ipEntity->AddRef();
+    return ipEntity;
+  }
+
+private:
+  static KelUnicodeString MajorKey(const KelUnicodeString& iType, const KelUnicodeString& iName,
+                                   const KelUnicodeString& iRevision);
+
+  std::vector<MabERixObject_var> _Objects;
+  std::vector<MabERixMajorObject_var> _MajorObjects;
+  std::vector<MabERixMinorObject_var> _MinorObjects;
+  std::vector<MabERixRelationship_var> _Relationships;
+  std::vector<MabERixRelation_var> _Relations;
+
+  // Keys to the entities above (borrowed pointers).
+  std::unordered_map<KelUnicodeString, MabERixObject*> _ObjectIndex;
+  std::unordered_map<KelUnicodeString, MabERixMajorObject*> _MajorIndex;
+  std::unordered_map<KelUnicodeString, MabERixMinorObject*> _MinorIndex;
+  std::unordered_map<KelUnicodeString, MabERixRelationship*> _RelationshipIndex;
+  std::unordered_map<KelUnicodeString, MabERixRelation*> _RelationIndex;
+};
+
+#endif

@@ -1,0 +1,3 @@
+#include "MabRixObjectDetailsResponse.h"
+
+KelImplementClass(MabRixObjectDetailsResponse, KelBaseUnknown, "KelSystem")
