@@ -1,0 +1,140 @@
+#include "MabRixBenchSupport.h"
+
+#include <expat.h>
+
+#include <memory>
+#include <stdexcept>
+
+#include "KelSAXHandlerBase.h"
+
+namespace
+{
+// Benchmarks run on one thread; the cache only saves regenerating a
+// document for each benchmark of the same size.
+MabRixBenchDocument& Cache()
+{
+  static MabRixBenchDocument Document;
+  return Document;
+}
+
+struct ExpatDeleter
+{
+  void operator()(XML_Parser ipParser) const { XML_ParserFree(ipParser); }
+};
+
+void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
+void XMLCALL NoEnd(void*, const XML_Char*) {}
+void XMLCALL NoText(void*, const XML_Char*, int) {}
+void XMLCALL CountStart(void* ipCount, const XML_Char*, const XML_Char**) { ++*static_cast<std::uint64_t*>(ipCount); }
+
+bool ParseWith(const char* iData, std::size_t iSize, XML_StartElementHandler iStart, void* ipUserData)
+{
+  std::unique_ptr<XML_ParserStruct, ExpatDeleter> Parser(XML_ParserCreate(nullptr));
+  XML_SetUserData(Parser.get(), ipUserData);
+  XML_SetElementHandler(Parser.get(), iStart, &NoEnd);
+  XML_SetCharacterDataHandler(Parser.get(), &NoText);
+  // expat takes int lengths: feed a huge buffer in pieces, as the host does.
+  const std::size_t MaxPiece = 1u << 30;
+  do
+  {
+    const std::size_t Piece = iSize < MaxPiece ? iSize : MaxPiece;
+    if (XML_Parse(Parser.get(), iData, static_cast<int>(Piece), Piece == iSize) == XML_STATUS_ERROR)
+      return false;
+    iData += Piece;
+    iSize -= Piece;
+  } while (iSize > 0);
+  return true;
+}
+}  // namespace
+
+const MabRixBenchDocument& MabRixBenchDocumentFor(MabRixResponseKind iKind, std::uint64_t iCount)
+{
+  MabRixBenchDocument& Document = Cache();
+  if (Document._Kind == iKind && Document._Count == iCount && !Document._Text.empty())
+    return Document;
+  MabRixBenchDropDocument();
+  MabRixGeneratorOptions Options;
+  Options._Kind = iKind;
+  Options._Count = iCount;
+  Document._Kind = iKind;
+  Document._Count = iCount;
+  Document._Stats = MabRixResponseGenerator::ToString(Options, Document._Text);
+  // The generator's element count feeds the elements/s figures: make sure
+  // the parser sees the same document.
+  if (MabRixCountElements(Document._Text.data(), Document._Text.size()) != Document._Stats._Elements)
+    throw std::logic_error(std::string("generated document is not what the parser reads: ") +
+                           MabRixResponseGenerator::KindName(iKind));
+  return Document;
+}
+
+void MabRixBenchDropDocument()
+{
+  MabRixBenchDocument& Document = Cache();
+  std::string().swap(Document._Text);
+  Document._Count = 0;
+}
+
+bool MabRixParseFloor(const char* iData, std::size_t iSize) { return ParseWith(iData, iSize, &NoStart, nullptr); }
+
+std::uint64_t MabRixCountElements(const char* iData, std::size_t iSize)
+{
+  std::uint64_t Count = 0;
+  return ParseWith(iData, iSize, &CountStart, &Count) ? Count : 0;
+}
+
+HRESULT MabRixParseHost(const char* iData, std::size_t iSize)
+{
+  KelExpatParser_var spParser = KelExpatParser_var::Adopt(new KelExpatParser());
+  spParser->SetDocumentHandler(KelISAXDocumentHandler_var::Adopt(new KelSAXHandlerBase()));
+  return spParser->Parse(iData, iSize);
+}
+
+MabRixBenchRoot::MabRixBenchRoot(KelISAXParser_var& iParser, const char* iListElement, MabRixBenchFactory iFactory)
+    : MabRixSAXHandlerBase(iParser), _ListElement(iListElement), _Factory(std::move(iFactory))
+{
+}
+
+HRESULT MabRixBenchRoot::StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes)
+{
+  if (_Started || iName != _ListElement)
+    return S_OK;
+  _Started = true;
+  _spChildHandler = MabIRixSAXHandler_var::Adopt(_Factory(*this));
+  return _spChildHandler->StartHandlingEvents(iName, iAttributes);
+}
+
+HRESULT MabRixBenchRoot::Value(const MabIRixValue_var& iValue)
+{
+  _spValue = iValue;
+  return S_OK;
+}
+
+namespace
+{
+template <class F>
+MabRixBenchRun Run(const char* iListElement, const MabRixBenchFactory& iFactory, F&& iParse)
+{
+  KelExpatParser* pParser = new KelExpatParser();
+  KelISAXParser_var spParser = KelISAXParser_var::Adopt(pParser);
+  MabRixBenchRoot* pRoot = new MabRixBenchRoot(spParser, iListElement, iFactory);
+  KelISAXDocumentHandler_var spRoot = KelISAXDocumentHandler_var::Adopt(pRoot);
+  pParser->SetDocumentHandler(spRoot);
+  MabRixBenchRun Result;
+  Result._Result = iParse(*pParser);
+  Result._Started = pRoot->HasStarted();
+  Result._spValue = pRoot->GetValue();
+  return Result;
+}
+}  // namespace
+
+MabRixBenchRun MabRixRunHandler(const char* iData, std::size_t iSize, const char* iListElement,
+                                const MabRixBenchFactory& iFactory)
+{
+  return Run(iListElement, iFactory, [&](KelExpatParser& ioParser) { return ioParser.Parse(iData, iSize); });
+}
+
+MabRixBenchRun MabRixRunHandlerOnStream(std::istream& ioStream, const char* iListElement,
+                                        const MabRixBenchFactory& iFactory)
+{
+  return Run(iListElement, iFactory, [&](KelExpatParser& ioParser) { return ioParser.ParseStream(ioStream); });
+}
