@@ -7,7 +7,17 @@ KelImplementClass(MabRixError, KelError, "MabRixCommandModel")
 
 namespace
 {
-thread_local KelError* tpLastError = nullptr;
+// The thread's last error; released when the thread ends.
+struct KelLastErrorSlot
+{
+  KelError* _pError = nullptr;
+  ~KelLastErrorSlot()
+  {
+    if (_pError)
+      _pError->Release();
+  }
+};
+thread_local KelLastErrorSlot tLastError;
 
 struct CatalogEntry
 {
@@ -61,22 +71,23 @@ HRESULT KelError::GetReturn(int iKind, KelError* ipError, void*, const char* iFi
     ipError->AddRef();
   }
   KelCleanLastError();
-  tpLastError = ipError;
+  tLastError._pError = ipError;
   return E_FAIL;
 }
 
 KelError* KelError::KelGetLastError(HRESULT iResult, void*)
 {
-  if (SUCCEEDED(iResult) || !tpLastError)
+  KelError* pError = tLastError._pError;
+  if (SUCCEEDED(iResult) || !pError)
     return nullptr;
-  tpLastError->AddRef();
-  return tpLastError;
+  pError->AddRef();
+  return pError;
 }
 
 void KelError::KelCleanLastError()
 {
-  KelError* pError = tpLastError;
-  tpLastError = nullptr;
+  KelError* pError = tLastError._pError;
+  tLastError._pError = nullptr;
   if (pError)
     pError->Release();
 }

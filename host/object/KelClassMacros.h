@@ -1,6 +1,7 @@
 // Class registration, written once. A class declares its identity with
 // KelDeclareClass in its body and defines it with KelImplementClass in its
-// source file; the base of the chain uses KelImplementRootClass.
+// source file. KelBaseUnknown is the root of every chain; its record names
+// the placeholder base "Kelnull".
 #ifndef KelClassMacros_h
 #define KelClassMacros_h
 
