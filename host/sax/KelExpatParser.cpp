@@ -70,23 +70,30 @@ private:
   const XML_Char** _ppAttributes = nullptr;
 };
 
+// Position of the parser's current event. It does not hold the parser (the
+// parser holds it); a locator kept after its parser is gone answers E_FAIL.
 class KelExpatLocator : public virtual KelISAXLocator
 {
 public:
-  explicit KelExpatLocator(const KelExpatParser& iParser) : _Parser(iParser) {}
+  explicit KelExpatLocator(const KelExpatParser& iParser) : _pParser(&iParser) {}
+  void Detach() { _pParser = nullptr; }
   HRESULT GetLineNumber(int& oLine) override
   {
-    oLine = _Parser.GetCurrentLine();
+    if (!_pParser)
+      return E_FAIL;
+    oLine = _pParser->GetCurrentLine();
     return S_OK;
   }
   HRESULT GetColumnNumber(int& oColumn) override
   {
-    oColumn = _Parser.GetCurrentColumn();
+    if (!_pParser)
+      return E_FAIL;
+    oColumn = _pParser->GetCurrentColumn();
     return S_OK;
   }
 
 private:
-  const KelExpatParser& _Parser;
+  const KelExpatParser* _pParser;
 };
 
 // Trampolines from expat's C callbacks. No exception leaves them.
@@ -168,11 +175,13 @@ KelExpatParser::KelExpatParser(const Options& iOptions) : _Options(iOptions)
     _Options._ChunkSize = 64 * 1024;
   _pAttributes = new KelExpatAttributeList();
   _spAttributes = KelISAXAttributeList_var::Adopt(_pAttributes);
-  _spLocator = KelISAXLocator_var::Adopt(new KelExpatLocator(*this));
+  _pLocator = new KelExpatLocator(*this);
+  _spLocator = KelISAXLocator_var::Adopt(_pLocator);
 }
 
 KelExpatParser::~KelExpatParser()
 {
+  _pLocator->Detach();
   if (_pExpat)
     XML_ParserFree(_pExpat);
 }
@@ -207,7 +216,8 @@ void KelExpatParser::CreateExpat()
   XML_SetParamEntityParsing(_pExpat, XML_PARAM_ENTITY_PARSING_NEVER);
 }
 
-void KelExpatParser::Begin()
+// A fresh document: new expat parser, nothing recorded.
+void KelExpatParser::Reset()
 {
   CreateExpat();
   _Failures.clear();
@@ -216,19 +226,32 @@ void KelExpatParser::Begin()
   _ParseError = KelSAXParseError();
   _Exception = nullptr;
   _Stopped = false;
+  _Over = false;
   _Started = true;
-  if (KelISAXDocumentHandler_var spHandler = _spHandler)
-  {
-    spHandler->SetDocumentLocator(_spLocator);
-    if (_spHandler)
-      _spHandler->StartDocument();
-  }
 }
+
+// The first two events go through the same guard as expat's: a failure is
+// recorded, an exception is kept for the next Feed to rethrow.
+void KelExpatParser::Begin()
+{
+  Reset();
+  KelExpatCallbacks::Deliver(this, "SetDocumentLocator", "", [&](KelISAXDocumentHandler& ioHandler) {
+    return ioHandler.SetDocumentLocator(_spLocator);
+  });
+  KelExpatCallbacks::Deliver(this, "StartDocument", "",
+                             [](KelISAXDocumentHandler& ioHandler) { return ioHandler.StartDocument(); });
+}
+
+HRESULT KelExpatParser::Outcome() const { return _HasParseError ? E_FAIL : GetFirstFailedResult(); }
 
 HRESULT KelExpatParser::Feed(const char* iData, std::size_t iSize, bool iFinal)
 {
   if (!_Started)
+  {
+    if (_Over)
+      return Outcome();
     Begin();
+  }
   // expat takes int lengths: feed a huge buffer in pieces.
   const std::size_t MaxPiece = 1u << 30;
   do
@@ -247,18 +270,15 @@ HRESULT KelExpatParser::Feed(const char* iData, std::size_t iSize, bool iFinal)
     iData += Piece;
     iSize -= Piece;
   } while (iSize > 0);
+  if (iFinal || _Stopped || _HasParseError)
+    Finish(iFinal);
   if (_Exception)
   {
     std::exception_ptr Exception = _Exception;
     _Exception = nullptr;
-    EndParse();
     std::rethrow_exception(Exception);
   }
-  if (iFinal || _Stopped || _HasParseError)
-    Finish(iFinal);
-  if (_HasParseError)
-    return E_FAIL;
-  return GetFirstFailedResult();
+  return Outcome();
 }
 
 void KelExpatParser::Finish(bool iComplete)
@@ -266,12 +286,8 @@ void KelExpatParser::Finish(bool iComplete)
   if (!_Started)
     return;
   if (iComplete && !_HasParseError && !_Stopped)
-    if (KelISAXDocumentHandler_var spHandler = _spHandler)
-    {
-      const HRESULT hr = spHandler->EndDocument();
-      if (FAILED(hr))
-        Record(hr, "EndDocument", "");
-    }
+    KelExpatCallbacks::Deliver(this, "EndDocument", "",
+                               [](KelISAXDocumentHandler& ioHandler) { return ioHandler.EndDocument(); });
   EndParse();
 }
 
@@ -280,7 +296,11 @@ void KelExpatParser::Finish(bool iComplete)
 void KelExpatParser::EndParse()
 {
   _Started = false;
+  _Over = true;
+  const KelISAXDocumentHandler_var spHandler = std::move(_spHandler);
   _spHandler = nullptr;
+  if (KelISAXParseEndListener* pListener = KelQueryInterface<KelISAXParseEndListener>(spHandler.Get()))
+    pListener->OnParseEnd();
 }
 
 HRESULT KelExpatParser::Parse(const char* iData, std::size_t iSize)
@@ -294,12 +314,13 @@ HRESULT KelExpatParser::ParseFile(const char* iPath)
   std::unique_ptr<std::FILE, int (*)(std::FILE*)> File(std::fopen(iPath ? iPath : "", "rb"), &std::fclose);
   if (!File)
   {
+    // No document to read: no event, the handler is let go as after one.
     const int Error = errno;
-    Begin();
-    EndParse();
+    Reset();
     SetParseError(std::string("cannot open ") + (iPath ? iPath : "") + ": " + std::strerror(Error));
     _ParseError._Line = 0;
     _ParseError._Column = 0;
+    EndParse();
     return E_FAIL;
   }
   Begin();
@@ -319,7 +340,7 @@ HRESULT KelExpatParser::ParseFile(const char* iPath)
       break;
   }
   Finish(true);
-  return _HasParseError ? E_FAIL : GetFirstFailedResult();
+  return Outcome();
 }
 
 HRESULT KelExpatParser::ParseStream(std::istream& ioStream)
@@ -342,7 +363,7 @@ HRESULT KelExpatParser::ParseStream(std::istream& ioStream)
       break;
   }
   Finish(true);
-  return _HasParseError ? E_FAIL : GetFirstFailedResult();
+  return Outcome();
 }
 
 int KelExpatParser::GetCurrentLine() const

@@ -11,7 +11,8 @@
 // catches them, stops, and rethrows them from the parse call.
 //
 // The parser holds its document handler until the document is over (end,
-// error or stop), then lets it go: handlers hold the parser in return.
+// error or stop), then lets it go: handlers hold the parser in return. A
+// handler that also implements KelISAXParseEndListener is told first.
 #ifndef KelExpatParser_h
 #define KelExpatParser_h
 
@@ -23,6 +24,7 @@
 #include <vector>
 
 #include "KelClassMacros.h"
+#include "KelISAXParseEndListener.h"
 #include "KelISAXParser.h"
 
 struct XML_ParserStruct;
@@ -77,6 +79,8 @@ public:
   HRESULT ParseStream(std::istream& ioStream);
 
   // Incremental parsing: Begin, any number of Feed calls, Feed with iFinal.
+  // Once the document is over (complete, malformed or stopped), Feed reads
+  // nothing more and returns the document's result until the next Begin.
   void Begin();
   HRESULT Feed(const char* iData, std::size_t iSize, bool iFinal);
 
@@ -99,6 +103,8 @@ private:
   friend struct KelExpatCallbacks;
 
   void CreateExpat();
+  void Reset();
+  HRESULT Outcome() const;
   void Finish(bool iComplete);
   void EndParse();
   void Record(HRESULT iResult, const char* iEvent, const char* iElement);
@@ -110,6 +116,7 @@ private:
   KelISAXDocumentHandler_var _spHandler;
   KelExpatAttributeList* _pAttributes = nullptr;
   KelISAXAttributeList_var _spAttributes;
+  KelExpatLocator* _pLocator = nullptr;
   KelISAXLocator_var _spLocator;
   std::vector<KelSAXCallbackFailure> _Failures;
   std::size_t _FailureCount = 0;
@@ -117,6 +124,7 @@ private:
   KelSAXParseError _ParseError;
   std::exception_ptr _Exception;
   bool _Started = false;
+  bool _Over = false;  // a document ended; Feed waits for Begin
   bool _Stopped = false;
   std::function<void(const KelISAXDocumentHandler_var&)> _Observer;
 };
