@@ -1,0 +1,12 @@
+#include "MabRixSavedQueryResultValue.h"
+
+#include <new>
+
+#include "MabRixSavedQueryRecord.h"
+
+KelImplementClass(MabRixSavedQueryResultValue, KelBaseUnknown, "KelSystem")
+
+MabRixSavedQueryResultValue::MabRixSavedQueryResultValue()
+    : _spQueryRecord(MabIRixSavedQueryRecord_var::Adopt(new (std::nothrow) MabRixSavedQueryRecord()))
+{
+}

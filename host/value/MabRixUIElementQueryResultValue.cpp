@@ -1,0 +1,3 @@
+#include "MabRixUIElementQueryResultValue.h"
+
+KelImplementClass(MabRixUIElementQueryResultValue, KelBaseUnknown, "KelSystem")
