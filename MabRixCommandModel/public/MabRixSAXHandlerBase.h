@@ -5,39 +5,48 @@
 #ifndef MabRixSAXHandlerBase_h
 #define MabRixSAXHandlerBase_h
 
+#include <memory>
+
+#include "KelISAXParseEndListener.h"
 #include "KelSAXHandlerBase.h"
 #include "MabIRixSAXHandler.h"
 #include "MabRixCommandModelExport.h"
 #include "MabRixHandlerMacros.h"
 
+class MabRixSAXHandlerBase;
+
 // Reference of a handler to its parent. It holds a count while the handler
-// is active and lets it go once the handler has given the parser back, so a
-// parent and its finished last child do not keep each other alive. The
-// pointer stays set: the parent outlives the children it holds.
+// is active and lets it go once the handler has given the parser back (or
+// the document ended first), so a parent and its finished last child do not
+// keep each other alive. Uncounted, it still knows whether the parent lives:
+// a parent that is gone reads as null, never as a dangling pointer.
 class ExportedByMabRixCommandModel MabRixParentHandlerRef
 {
 public:
   MabRixParentHandlerRef() = default;
-  explicit MabRixParentHandlerRef(MabIRixSAXHandler* ipParent);
+  explicit MabRixParentHandlerRef(MabRixSAXHandlerBase& iParent);
   ~MabRixParentHandlerRef();
   MabRixParentHandlerRef(const MabRixParentHandlerRef&) = delete;
   MabRixParentHandlerRef& operator=(const MabRixParentHandlerRef&) = delete;
 
   MabIRixSAXHandler* operator->() const;
-  bool operator!() const { return _p == nullptr; }
-  MabIRixSAXHandler* Get() const { return _p; }
-  operator MabIRixSAXHandler_var() const { return MabIRixSAXHandler_var(_p); }
+  bool operator!() const { return Get() == nullptr; }
+  MabIRixSAXHandler* Get() const { return _Counted || !_Alive.expired() ? _p : nullptr; }
+  operator MabIRixSAXHandler_var() const { return MabIRixSAXHandler_var(Get()); }
 
-  void Loosen();   // drop the count, keep the pointer
-  void Tighten();  // hold a count again
-  void Forget();   // the parent is going away
+  void Loosen();   // drop the count, keep watching the parent
+  void Tighten();  // hold a count again, if the parent still lives
+  bool IsCounted() const { return _Counted; }
 
 private:
   MabIRixSAXHandler* _p = nullptr;
+  std::weak_ptr<const char> _Alive;
   bool _Counted = false;
 };
 
-class ExportedByMabRixCommandModel MabRixSAXHandlerBase : public KelSAXHandlerBase, public virtual MabIRixSAXHandler
+class ExportedByMabRixCommandModel MabRixSAXHandlerBase : public KelSAXHandlerBase,
+                                                          public virtual MabIRixSAXHandler,
+                                                          public virtual KelISAXParseEndListener
 {
   KelDeclareClass
 
@@ -61,6 +70,10 @@ public:
   // back to the parent (unless a check stopped it).
   bool StopIfNecessary(const KelUnicodeString& iName);
 
+  // The parser let this handler go while its element was still open (the
+  // document ended early): the open ancestors are let go, from here up.
+  void OnParseEnd() noexcept override;
+
   // State of the protocol, for the command layer and for tests.
   const KelUnicodeString& GetElementName() const { return _ElementName; }
   const KelUnicodeString& GetCharacters() const { return _Characters; }
@@ -75,6 +88,11 @@ protected:
   KelUnicodeString _Characters;
   KelUnicodeString _ElementName;
   int _Depth = 0;
+
+private:
+  friend class MabRixParentHandlerRef;
+  // Expires with this handler: children's uncounted references watch it.
+  std::shared_ptr<const char> _spAliveToken;
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerBase)

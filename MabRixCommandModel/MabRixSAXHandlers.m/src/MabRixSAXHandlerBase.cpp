@@ -6,22 +6,20 @@
 
 MabRixImplementHandler(MabRixSAXHandlerBase, KelSAXHandlerBase)
 
-MabRixParentHandlerRef::MabRixParentHandlerRef(MabIRixSAXHandler* ipParent) : _p(ipParent)
+MabRixParentHandlerRef::MabRixParentHandlerRef(MabRixSAXHandlerBase& iParent)
+    : _p(&iParent), _Alive(iParent._spAliveToken), _Counted(true)
 {
-  if (_p)
-  {
-    _p->AddRef();
-    _Counted = true;
-  }
+  _p->AddRef();
 }
 
 MabRixParentHandlerRef::~MabRixParentHandlerRef() { Loosen(); }
 
 MabIRixSAXHandler* MabRixParentHandlerRef::operator->() const
 {
-  if (!_p)
+  MabIRixSAXHandler* pParent = Get();
+  if (!pParent)
     ThrowErrorNullVar();
-  return _p;
+  return pParent;
 }
 
 void MabRixParentHandlerRef::Loosen()
@@ -35,35 +33,39 @@ void MabRixParentHandlerRef::Loosen()
 
 void MabRixParentHandlerRef::Tighten()
 {
-  if (_p && !_Counted)
+  if (!_Counted && Get())
   {
     _p->AddRef();
     _Counted = true;
   }
 }
 
-void MabRixParentHandlerRef::Forget()
+MabRixSAXHandlerBase::MabRixSAXHandlerBase(KelISAXParser_var& iParser)
+    : _spSAXParser(iParser), _spAliveToken(std::make_shared<const char>())
 {
-  if (!_Counted)
-    _p = nullptr;
 }
-
-MabRixSAXHandlerBase::MabRixSAXHandlerBase(KelISAXParser_var& iParser) : _spSAXParser(iParser) {}
 
 // Takes a non-const reference to the parent, so the language counts it as a
 // copy constructor: the bases are named to say they are built fresh.
 MabRixSAXHandlerBase::MabRixSAXHandlerBase(MabRixSAXHandlerBase& iParent)
-    : KelBaseUnknown(), KelISAXDocumentHandler(), MabIRixSAXHandler(), KelSAXHandlerBase(),
-      _spSAXParser(iParent._spSAXParser), _spParentHandler(&iParent)
+    : KelBaseUnknown(), KelISAXDocumentHandler(), MabIRixSAXHandler(), KelISAXParseEndListener(), KelSAXHandlerBase(),
+      _spSAXParser(iParent._spSAXParser), _spParentHandler(iParent), _spAliveToken(std::make_shared<const char>())
 {
 }
 
-MabRixSAXHandlerBase::~MabRixSAXHandlerBase()
+MabRixSAXHandlerBase::~MabRixSAXHandlerBase() = default;
+
+void MabRixSAXHandlerBase::OnParseEnd() noexcept
 {
-  // A finished child that outlives this handler must not reach it.
-  if (MabRixSAXHandlerBase* pChild = KelImplCast<MabRixSAXHandlerBase>(_spChildHandler.Get()))
-    if (pChild->_spParentHandler.Get() == static_cast<MabIRixSAXHandler*>(this))
-      pChild->_spParentHandler.Forget();
+  // Each step keeps the next ancestor alive until it has been let go too.
+  MabIRixSAXHandler_var spHeld;
+  for (MabRixSAXHandlerBase* pHandler = this; pHandler;)
+  {
+    MabIRixSAXHandler_var spParent = pHandler->_spParentHandler;
+    pHandler->_spParentHandler.Loosen();
+    pHandler = KelImplCast<MabRixSAXHandlerBase>(spParent.Get());
+    spHeld = spParent;
+  }
 }
 
 HRESULT MabRixSAXHandlerBase::StartHandlingEvents(const KelUnicodeString& iName, const KelISAXAttributeList_var&)
