@@ -2,10 +2,9 @@
 
 #include "KelVar.h"
 
-#if __has_include("MabRixSAXHandlerOverwriteFileList.h")
+#ifdef MABRIX_BENCH_HAS_OverwriteFileList
 #include "MabRixSAXHandlerOverwriteFileList.h"
 #include "MabRixStringMapValue.h"
-#define MABRIX_BENCH_OVERWRITE_FILE_LIST 1
 #endif
 
 namespace
@@ -16,7 +15,7 @@ MabRixBenchFactory FactoryOf()
   return [](MabRixSAXHandlerBase& ioRoot) -> MabIRixSAXHandler* { return new Handler(ioRoot); };
 }
 
-#ifdef MABRIX_BENCH_OVERWRITE_FILE_LIST
+#ifdef MABRIX_BENCH_HAS_OverwriteFileList
 MabRixBenchSession OverwriteFileList(std::uint64_t)
 {
   MabRixBenchSession Session;
@@ -34,7 +33,7 @@ bool MabRixBenchTargetFor(MabRixResponseKind iKind, MabRixBenchTarget& oTarget)
 {
   switch (iKind)
   {
-#ifdef MABRIX_BENCH_OVERWRITE_FILE_LIST
+#ifdef MABRIX_BENCH_HAS_OverwriteFileList
     case MabRixResponseKind::OverwriteFileList: oTarget = &OverwriteFileList; return true;
 #endif
     default: return false;
