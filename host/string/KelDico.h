@@ -1,13 +1,26 @@
 // Dictionary keyed by string. Entries are visited in insertion order, so
 // every result built from one is deterministic. Insert keeps an existing
-// entry: the first value given for a key wins.
+// entry: the first value given for a key wins. Entries never move once
+// inserted: a reference to a value stays valid until RemoveAll or the end of
+// the dictionary.
+//
+// Handlers make one or more dictionaries per element they read, most of
+// them holding a handful of entries, and a few very large ones (every file
+// of a list). So: an empty dictionary allocates nothing; up to SmallSize
+// entries are found by a plain scan; beyond that an open-addressing index of
+// hash tags and positions finds them without touching other keys.
 #ifndef KelDico_h
 #define KelDico_h
 
-#include <deque>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <new>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "KelUnicodeString.h"
 
@@ -20,95 +33,256 @@ public:
   class const_iterator
   {
   public:
-    explicit const_iterator(typename std::deque<Entry>::const_iterator iAt) : _At(iAt) {}
-    const V& operator*() const { return _At->second; }
-    const V* operator->() const { return &_At->second; }
-    const KelUnicodeString& GetKey() const { return _At->first; }
+    const_iterator(const KelDico* ipDico, std::size_t iPosition) : _pDico(ipDico), _Position(iPosition) {}
+    const V& operator*() const { return _pDico->At(_Position).second; }
+    const V* operator->() const { return &_pDico->At(_Position).second; }
+    const KelUnicodeString& GetKey() const { return _pDico->At(_Position).first; }
     const_iterator& operator++()
     {
-      ++_At;
+      ++_Position;
       return *this;
     }
-    bool operator!=(const const_iterator& iOther) const { return _At != iOther._At; }
-    bool operator==(const const_iterator& iOther) const { return _At == iOther._At; }
+    bool operator!=(const const_iterator& iOther) const { return _Position != iOther._Position; }
+    bool operator==(const const_iterator& iOther) const { return _Position == iOther._Position; }
 
   private:
-    typename std::deque<Entry>::const_iterator _At;
+    const KelDico* _pDico;
+    std::size_t _Position;
   };
 
   KelDico() = default;
-  KelDico(const KelDico& iOther) : _Entries(iOther._Entries) { Reindex(); }
-  KelDico(KelDico&& ioOther) noexcept = default;
+  KelDico(const KelDico& iOther) { CopyFrom(iOther); }
+  KelDico(KelDico&& ioOther) noexcept { Steal(ioOther); }
   KelDico& operator=(const KelDico& iOther)
   {
     if (this != &iOther)
     {
-      _Entries = iOther._Entries;
-      Reindex();
+      RemoveAll();
+      CopyFrom(iOther);
     }
     return *this;
   }
-  KelDico& operator=(KelDico&& ioOther) noexcept = default;
+  KelDico& operator=(KelDico&& ioOther) noexcept
+  {
+    if (this != &ioOther)
+    {
+      Free();
+      Steal(ioOther);
+    }
+    return *this;
+  }
+  ~KelDico() { Free(); }
 
   // Adds the entry unless the key is present. True when it was added.
   bool Insert(const KelUnicodeString& iKey, const V& iValue)
   {
-    if (HasKey(iKey))
+    const std::size_t Hash = HashOf(iKey.View());
+    if (Locate(iKey.View(), Hash) != NotFound)
       return false;
-    _Entries.emplace_back(iKey, iValue);
-    _Index.emplace(_Entries.back().first.View(), _Entries.size() - 1);
+    Append(iKey, iValue, Hash);
     return true;
   }
-  bool HasKey(const KelUnicodeString& iKey) const { return _Index.find(iKey.View()) != _Index.end(); }
+  bool HasKey(const KelUnicodeString& iKey) const { return Locate(iKey.View()) != NotFound; }
 
   // The value of iKey; an absent key is added with an empty value.
   V& operator[](const KelUnicodeString& iKey)
   {
-    const auto Found = _Index.find(iKey.View());
-    if (Found != _Index.end())
-      return _Entries[Found->second].second;
-    Insert(iKey, V());
-    return _Entries.back().second;
+    const std::size_t Hash = HashOf(iKey.View());
+    const std::size_t Position = Locate(iKey.View(), Hash);
+    if (Position != NotFound)
+      return At(Position).second;
+    Append(iKey, V(), Hash);
+    return At(_Size - 1).second;
   }
   // The value of iKey; an absent key reads as an empty value.
   const V& operator[](const KelUnicodeString& iKey) const
   {
     static const V Empty{};
-    const auto Found = _Index.find(iKey.View());
-    return Found != _Index.end() ? _Entries[Found->second].second : Empty;
+    const V* pValue = Find(iKey);
+    return pValue ? *pValue : Empty;
   }
   const V* Find(const KelUnicodeString& iKey) const
   {
-    const auto Found = _Index.find(iKey.View());
-    return Found != _Index.end() ? &_Entries[Found->second].second : nullptr;
+    const std::size_t Position = Locate(iKey.View());
+    return Position != NotFound ? &At(Position).second : nullptr;
   }
 
+  // Empties the dictionary; the room of the first entries is kept for reuse.
   void RemoveAll()
   {
-    _Index.clear();
-    _Entries.clear();
+    for (std::size_t i = _Size; i-- > 0;)
+      At(i).~Entry();
+    _Size = 0;
+    for (std::size_t c = 0; c < _More.size(); ++c)
+      Release(_More[c], ChunkCapacity(c + 1));
+    std::vector<Entry*>().swap(_More);
+    std::vector<std::uint64_t>().swap(_Slots);
   }
-  int Size() const { return static_cast<int>(_Entries.size()); }
+  int Size() const { return static_cast<int>(_Size); }
 
-  const_iterator begin() const { return const_iterator(_Entries.begin()); }
-  const_iterator end() const { return const_iterator(_Entries.end()); }
+  const_iterator begin() const { return const_iterator(this, 0); }
+  const_iterator end() const { return const_iterator(this, _Size); }
 
-  bool operator==(const KelDico& iOther) const { return _Entries == iOther._Entries; }
+  bool operator==(const KelDico& iOther) const
+  {
+    if (_Size != iOther._Size)
+      return false;
+    for (std::size_t i = 0; i < _Size; ++i)
+      if (!(At(i) == iOther.At(i)))
+        return false;
+    return true;
+  }
   bool operator!=(const KelDico& iOther) const { return !(*this == iOther); }
 
 private:
-  void Reindex()
+  static constexpr std::size_t SmallSize = 8;  // entries found by a scan; also the first chunk's room
+  static constexpr std::size_t NotFound = static_cast<std::size_t>(-1);
+
+  static std::size_t HashOf(std::string_view iKey) { return std::hash<std::string_view>()(iKey); }
+  // A slot holds the upper half of the key's hash and the entry's position
+  // plus one; 0 is an empty slot.
+  static std::uint64_t Tag(std::size_t iHash) { return static_cast<std::uint64_t>(iHash) & 0xFFFFFFFF00000000ull; }
+
+  // Chunk 0 (_pFirst) holds entries 0 to 7, chunk c > 0 (_More[c - 1]) the
+  // entries from 2^(c+2) to 2^(c+3) - 1: chunks double, entries never move.
+  static std::size_t ChunkCapacity(std::size_t iChunk) { return iChunk == 0 ? SmallSize : SmallSize << (iChunk - 1); }
+  static std::size_t ChunkOf(std::size_t iPosition)
   {
-    _Index.clear();
-    _Index.reserve(_Entries.size());
-    for (std::size_t i = 0; i < _Entries.size(); ++i)
-      _Index.emplace(_Entries[i].first.View(), i);
+    return iPosition < SmallSize ? 0 : static_cast<std::size_t>(std::bit_width(iPosition)) - 3;
+  }
+  static std::size_t ChunkStart(std::size_t iChunk) { return iChunk == 0 ? 0 : SmallSize << (iChunk - 1); }
+
+  Entry* Slot(std::size_t iPosition) const
+  {
+    if (iPosition < SmallSize)
+      return _pFirst + iPosition;
+    const std::size_t Chunk = ChunkOf(iPosition);
+    return _More[Chunk - 1] + (iPosition - ChunkStart(Chunk));
+  }
+  Entry& At(std::size_t iPosition) { return *Slot(iPosition); }
+  const Entry& At(std::size_t iPosition) const { return *Slot(iPosition); }
+
+  // Room for the entry at position _Size.
+  Entry* Room()
+  {
+    if (_Size == 0 && !_pFirst)
+      _pFirst = Allocate(SmallSize);
+    else if (_Size >= SmallSize && ChunkOf(_Size) > _More.size())
+    {
+      _More.reserve(_More.size() + 1);
+      _More.push_back(Allocate(ChunkCapacity(_More.size() + 1)));
+    }
+    return Slot(_Size);
   }
 
-  // A deque never moves its elements when it grows, so the index may point
-  // into the keys it holds.
-  std::deque<Entry> _Entries;
-  std::unordered_map<std::string_view, std::size_t> _Index;
+  static Entry* Allocate(std::size_t iCount)
+  {
+    return static_cast<Entry*>(::operator new(iCount * sizeof(Entry), std::align_val_t(alignof(Entry))));
+  }
+  static void Release(Entry* ipChunk, std::size_t iCount)
+  {
+    ::operator delete(ipChunk, iCount * sizeof(Entry), std::align_val_t(alignof(Entry)));
+  }
+
+  std::size_t Locate(std::string_view iKey) const
+  {
+    if (_Slots.empty())
+      return Scan(iKey);
+    return Probe(iKey, HashOf(iKey));
+  }
+  std::size_t Locate(std::string_view iKey, std::size_t iHash) const
+  {
+    return _Slots.empty() ? Scan(iKey) : Probe(iKey, iHash);
+  }
+  std::size_t Scan(std::string_view iKey) const
+  {
+    for (std::size_t i = 0; i < _Size; ++i)
+      if (At(i).first.View() == iKey)
+        return i;
+    return NotFound;
+  }
+  std::size_t Probe(std::string_view iKey, std::size_t iHash) const
+  {
+    const std::size_t Mask = _Slots.size() - 1;
+    const std::uint64_t KeyTag = Tag(iHash);
+    for (std::size_t Slot = iHash & Mask;; Slot = (Slot + 1) & Mask)
+    {
+      const std::uint64_t Content = _Slots[Slot];
+      if (Content == 0)
+        return NotFound;
+      if ((Content & 0xFFFFFFFF00000000ull) == KeyTag)
+      {
+        const std::size_t Position = static_cast<std::size_t>(Content & 0xFFFFFFFFull) - 1;
+        if (At(Position).first.View() == iKey)
+          return Position;
+      }
+    }
+  }
+
+  void Append(const KelUnicodeString& iKey, const V& iValue, std::size_t iHash)
+  {
+    new (Room()) Entry(iKey, iValue);
+    ++_Size;
+    if (_Size > SmallSize)
+      Index(_Size - 1, iHash);
+  }
+
+  // Enters the entry at iPosition in the index, which is kept at most half
+  // full (and built when the dictionary outgrows a scan).
+  void Index(std::size_t iPosition, std::size_t iHash)
+  {
+    if (_Slots.size() < 2 * _Size)
+    {
+      Rebuild(std::bit_ceil(4 * _Size));
+      return;
+    }
+    Place(iPosition, iHash);
+  }
+  void Place(std::size_t iPosition, std::size_t iHash)
+  {
+    const std::size_t Mask = _Slots.size() - 1;
+    std::size_t Slot = iHash & Mask;
+    while (_Slots[Slot] != 0)
+      Slot = (Slot + 1) & Mask;
+    _Slots[Slot] = Tag(iHash) | static_cast<std::uint64_t>(iPosition + 1);
+  }
+  void Rebuild(std::size_t iSlots)
+  {
+    _Slots.assign(iSlots, 0);
+    for (std::size_t i = 0; i < _Size; ++i)
+      Place(i, HashOf(At(i).first.View()));
+  }
+
+  void CopyFrom(const KelDico& iOther)
+  {
+    for (std::size_t i = 0; i < iOther._Size; ++i)
+    {
+      new (Room()) Entry(iOther.At(i));
+      ++_Size;
+    }
+    _Slots = iOther._Slots;  // same keys at the same positions
+  }
+  void Steal(KelDico& ioOther) noexcept
+  {
+    _pFirst = std::exchange(ioOther._pFirst, nullptr);
+    _More = std::move(ioOther._More);
+    _Slots = std::move(ioOther._Slots);
+    _Size = std::exchange(ioOther._Size, 0);
+    ioOther._More.clear();
+    ioOther._Slots.clear();
+  }
+  void Free()
+  {
+    RemoveAll();
+    if (_pFirst)
+      Release(_pFirst, SmallSize);
+    _pFirst = nullptr;
+  }
+
+  Entry* _pFirst = nullptr;            // the first SmallSize entries
+  std::vector<Entry*> _More;           // further chunks, each twice the previous
+  std::vector<std::uint64_t> _Slots;   // empty while the dictionary is small
+  std::size_t _Size = 0;
 };
 
 #endif

@@ -1,0 +1,131 @@
+// Large dictionaries (found through the index rather than a scan), entry
+// stability, copies, moves and reuse after RemoveAll.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+#include "KelDicos.h"
+
+namespace
+{
+KelUnicodeString KeyOf(int i) { return KelUnicodeString("key-" + std::to_string(i)); }
+
+KelUnicodeStringKelUnicodeStringDico Numbered(int iCount)
+{
+  KelUnicodeStringKelUnicodeStringDico Dico;
+  for (int i = 0; i < iCount; ++i)
+    Dico.Insert(KeyOf(i), KelUnicodeString(std::to_string(i)));
+  return Dico;
+}
+}  // namespace
+
+TEST(KelDicoIndex, EveryKeyOfALargeDictionaryIsFoundAndOrderIsKept)
+{
+  const int Count = 5000;
+  const KelUnicodeStringKelUnicodeStringDico Dico = Numbered(Count);
+  ASSERT_EQ(Dico.Size(), Count);
+  for (int i = 0; i < Count; ++i)
+  {
+    ASSERT_TRUE(Dico.HasKey(KeyOf(i))) << i;
+    ASSERT_EQ(Dico[KeyOf(i)], KelUnicodeString(std::to_string(i)));
+  }
+  EXPECT_FALSE(Dico.HasKey("key-5000"));
+  EXPECT_FALSE(Dico.HasKey(""));
+  EXPECT_EQ(Dico.Find("key-"), nullptr);
+  int Expected = 0;
+  for (auto It = Dico.begin(); It != Dico.end(); ++It, ++Expected)
+    ASSERT_EQ(It.GetKey(), KeyOf(Expected));
+  EXPECT_EQ(Expected, Count);
+}
+
+TEST(KelDicoIndex, FirstValueWinsAtEverySize)
+{
+  for (const int Count : {1, 7, 8, 9, 16, 17, 100, 1000})
+  {
+    KelUnicodeStringKelUnicodeStringDico Dico = Numbered(Count);
+    for (int i = 0; i < Count; ++i)
+      ASSERT_FALSE(Dico.Insert(KeyOf(i), "again")) << Count << " " << i;
+    EXPECT_EQ(Dico.Size(), Count);
+    EXPECT_EQ(Dico[KeyOf(Count - 1)], KelUnicodeString(std::to_string(Count - 1)));
+  }
+}
+
+TEST(KelDicoIndex, ValuesDoNotMoveWhenTheDictionaryGrows)
+{
+  KelUnicodeStringKelUnicodeStringDico Dico;
+  KelUnicodeString& First = Dico["first"];
+  First = "kept";
+  for (int i = 0; i < 3000; ++i)
+    Dico[KeyOf(i)] = "x";
+  EXPECT_EQ(&First, &Dico["first"]);
+  EXPECT_EQ(First, "kept");
+}
+
+TEST(KelDicoIndex, CopiesAreEqualAndIndependent)
+{
+  const KelUnicodeStringKelUnicodeStringDico Original = Numbered(300);
+  KelUnicodeStringKelUnicodeStringDico Copy(Original);
+  EXPECT_TRUE(Copy == Original);
+  Copy.Insert("extra", "1");
+  EXPECT_TRUE(Copy != Original);
+  EXPECT_FALSE(Original.HasKey("extra"));
+  EXPECT_TRUE(Copy.HasKey("key-299"));
+  KelUnicodeStringKelUnicodeStringDico Assigned = Numbered(3);
+  Assigned = Original;
+  EXPECT_TRUE(Assigned == Original);
+  EXPECT_FALSE(Assigned.Insert("key-150", "other"));
+  EXPECT_TRUE(Assigned.Insert("key-300", "new"));
+  EXPECT_EQ(Assigned.Size(), 301);
+}
+
+TEST(KelDicoIndex, AMovedFromDictionaryIsEmptyAndUsable)
+{
+  KelUnicodeStringKelUnicodeStringDico Source = Numbered(50);
+  KelUnicodeStringKelUnicodeStringDico Target(std::move(Source));
+  EXPECT_EQ(Target.Size(), 50);
+  EXPECT_TRUE(Target.HasKey("key-49"));
+  EXPECT_EQ(Source.Size(), 0);  // NOLINT: moved-from state is specified as empty
+  EXPECT_TRUE(Source.Insert("a", "b"));
+  EXPECT_EQ(Source["a"], "b");
+  Target = std::move(Source);
+  EXPECT_EQ(Target.Size(), 1);
+  EXPECT_FALSE(Target.HasKey("key-1"));
+}
+
+TEST(KelDicoIndex, RemoveAllEmptiesAndTheDictionaryFillsAgain)
+{
+  KelUnicodeStringKelUnicodeStringDico Dico = Numbered(200);
+  Dico.RemoveAll();
+  EXPECT_EQ(Dico.Size(), 0);
+  EXPECT_FALSE(Dico.HasKey("key-0"));
+  EXPECT_TRUE(Dico.begin() == Dico.end());
+  for (int i = 199; i >= 0; --i)
+    ASSERT_TRUE(Dico.Insert(KeyOf(i), "again"));
+  EXPECT_EQ(Dico.begin().GetKey(), "key-199");
+  EXPECT_TRUE(Dico.HasKey("key-0"));
+  EXPECT_EQ(Dico.Size(), 200);
+}
+
+TEST(KelDicoIndex, CountedValuesAreReleasedWithTheDictionary)
+{
+  class Counted : public KelBaseUnknown
+  {
+  public:
+    explicit Counted(int& ioDestroyed) : _Destroyed(ioDestroyed) {}
+    ~Counted() override { ++_Destroyed; }
+
+  private:
+    int& _Destroyed;
+  };
+  int Destroyed = 0;
+  {
+    KelBaseUnknown_varKelUnicodeStringDico Dico;
+    for (int i = 0; i < 40; ++i)
+      Dico.Insert(KeyOf(i), KelBaseUnknown_var::Adopt(new Counted(Destroyed)));
+    KelBaseUnknown_varKelUnicodeStringDico Copy = Dico;
+    Dico.RemoveAll();
+    EXPECT_EQ(Destroyed, 0);
+  }
+  EXPECT_EQ(Destroyed, 40);
+}
