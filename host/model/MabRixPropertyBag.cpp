@@ -5,7 +5,7 @@
 const MabRixProperty* MabRixPropertyBag::Find(const char* iName) const
 {
   for (const MabRixProperty& Property : _Properties)
-    if (std::strcmp(Property._Name, iName) == 0)
+    if (Property._Name == iName || std::strcmp(Property._Name, iName) == 0)  // names are literals
       return &Property;
   return nullptr;
 }

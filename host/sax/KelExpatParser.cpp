@@ -47,8 +47,10 @@ public:
     if (!_ppAttributes)
       return E_FAIL;
     const char* pName = iName.ConvertToChar();
+    // Handlers look up many names per element: most differ at the first
+    // character, which is tested before the full comparison.
     for (const XML_Char** pp = _ppAttributes; *pp; pp += 2)
-      if (std::strcmp(pp[0], pName) == 0)
+      if (pp[0][0] == pName[0] && std::strcmp(pp[0], pName) == 0)
       {
         oValue = pp[1];
         return S_OK;
