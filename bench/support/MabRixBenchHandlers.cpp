@@ -2,9 +2,30 @@
 
 #include "KelVar.h"
 
+#include "MabRixCADObjectContext.h"
+#include "MabRixStringMapValue.h"
+#include "MabRixTNRObjectContext.h"
 #ifdef MABRIX_BENCH_HAS_OverwriteFileList
 #include "MabRixSAXHandlerOverwriteFileList.h"
-#include "MabRixStringMapValue.h"
+#endif
+#ifdef MABRIX_BENCH_HAS_ObjectDetailsList
+#include "MabRixSAXHandlerObjectDetailsList.h"
+#endif
+#ifdef MABRIX_BENCH_HAS_WorkspaceListQueryResult
+#include "MabRixSAXHandlerWorkspaceListQueryResult.h"
+#include "MabRixWorkspaceListQueryResultValue.h"
+#endif
+#ifdef MABRIX_BENCH_HAS_CollectionListQueryResult
+#include "MabRixSAXHandlerCollectionListQueryResult.h"
+#endif
+#ifdef MABRIX_BENCH_HAS_ObjectList
+#include "MabRixSAXHandlerObjectList.h"
+#endif
+#ifdef MABRIX_BENCH_HAS_RelationshipList
+#include "MabRixSAXHandlerRelationshipList.h"
+#endif
+#ifdef MABRIX_BENCH_HAS_Structure
+#include "MabRixSAXHandlerStructure.h"
 #endif
 
 namespace
@@ -15,16 +36,112 @@ MabRixBenchFactory FactoryOf()
   return [](MabRixSAXHandlerBase& ioRoot) -> MabIRixSAXHandler* { return new Handler(ioRoot); };
 }
 
+[[maybe_unused]] std::uint64_t MapEntries(const MabRixBenchRun& iRun)
+{
+  const MabRixStringMapValue* pMap = KelImplCast<MabRixStringMapValue>(iRun._spValue.Get());
+  return pMap ? static_cast<std::uint64_t>(pMap->_Value.Size()) : 0;
+}
+
+// A context of the session, handed to the handler by a reference to a
+// pointer that lives as long as the session.
+template <class Context>
+struct ContextHolder
+{
+  Context* _pContext = new Context();
+  ~ContextHolder() { _pContext->Release(); }
+};
+
+// What a run left in the context: the entities the handler makes.
+enum class Entities
+{
+  MinorObjects,
+  Relationships,
+  Relations
+};
+
+template <class Context, class Handler, class... Arguments>
+MabRixBenchSession WithContext(Entities iCounted, Arguments... iArguments)
+{
+  std::shared_ptr<ContextHolder<Context>> spHolder = std::make_shared<ContextHolder<Context>>();
+  MabRixBenchSession Session;
+  Session._Factory = [pHolder = spHolder.get(), iArguments...](MabRixSAXHandlerBase& ioRoot) -> MabIRixSAXHandler* {
+    return new Handler(ioRoot, pHolder->_pContext, iArguments...);
+  };
+  Session._Entries = [pHolder = spHolder.get(), iCounted](const MabRixBenchRun&) -> std::uint64_t {
+    const Context& Filled = *pHolder->_pContext;
+    switch (iCounted)
+    {
+      case Entities::Relationships: return Filled.GetRelationships().size();
+      case Entities::Relations: return Filled.GetRelations().size();
+      default: return Filled.GetMinorObjects().size();
+    }
+  };
+  Session._spKeep = spHolder;
+  return Session;
+}
+
+// A structure links objects already in the context: the session creates the
+// minor objects of the first iRecords CAD ids (untimed) before the run.
+[[maybe_unused]] void Prefill(MabRixTNRObjectContext& ioContext, std::uint64_t iRecords)
+{
+  const KelUnicodeString Type("Component"), Revision("A"), Version("1");
+  for (std::uint64_t i = 0; i < iRecords; ++i)
+  {
+    const KelUnicodeString Id(MabRixResponseGenerator::CadId(i));
+    if (MabERixMinorObject* pMinor = ioContext.CreateMinorObject(MabRixObjectID(Id), Type, Id, Revision, Version, TRUE))
+      pMinor->Release();
+  }
+}
+
 #ifdef MABRIX_BENCH_HAS_OverwriteFileList
 MabRixBenchSession OverwriteFileList(std::uint64_t)
 {
-  MabRixBenchSession Session;
-  Session._Factory = FactoryOf<MabRixSAXHandlerOverwriteFileList>();
-  Session._Entries = [](const MabRixBenchRun& iRun) -> std::uint64_t {
-    const MabRixStringMapValue* pMap = KelImplCast<MabRixStringMapValue>(iRun._spValue.Get());
-    return pMap ? static_cast<std::uint64_t>(pMap->_Value.Size()) : 0;
-  };
+  return {FactoryOf<MabRixSAXHandlerOverwriteFileList>(), &MapEntries, nullptr};
+}
+#endif
+#ifdef MABRIX_BENCH_HAS_ObjectDetailsList
+MabRixBenchSession ObjectDetailsList(std::uint64_t)
+{
+  return WithContext<MabRixCADObjectContext, MabRixSAXHandlerObjectDetailsList>(Entities::MinorObjects);
+}
+#endif
+#ifdef MABRIX_BENCH_HAS_ObjectList
+MabRixBenchSession ObjectList(std::uint64_t)
+{
+  return WithContext<MabRixTNRObjectContext, MabRixSAXHandlerObjectList>(Entities::MinorObjects);
+}
+#endif
+#ifdef MABRIX_BENCH_HAS_RelationshipList
+MabRixBenchSession RelationshipList(std::uint64_t)
+{
+  return WithContext<MabRixTNRObjectContext, MabRixSAXHandlerRelationshipList>(Entities::Relationships);
+}
+#endif
+#ifdef MABRIX_BENCH_HAS_Structure
+MabRixBenchSession Structure(std::uint64_t iRecords)
+{
+  MabRixBenchSession Session =
+      WithContext<MabRixTNRObjectContext, MabRixSAXHandlerStructure>(Entities::Relations, 0);
+  Prefill(*static_cast<ContextHolder<MabRixTNRObjectContext>*>(Session._spKeep.get())->_pContext, iRecords);
   return Session;
+}
+#endif
+#ifdef MABRIX_BENCH_HAS_WorkspaceListQueryResult
+MabRixBenchSession WorkspaceList(std::uint64_t)
+{
+  return {FactoryOf<MabRixSAXHandlerWorkspaceListQueryResult>(),
+          [](const MabRixBenchRun& iRun) -> std::uint64_t {
+            const MabRixWorkspaceListQueryResultValue* pValue =
+                KelImplCast<MabRixWorkspaceListQueryResultValue>(iRun._spValue.Get());
+            return pValue ? static_cast<std::uint64_t>(pValue->_WorkspaceDetails.Size()) : 0;
+          },
+          nullptr};
+}
+#endif
+#ifdef MABRIX_BENCH_HAS_CollectionListQueryResult
+MabRixBenchSession CollectionList(std::uint64_t)
+{
+  return {FactoryOf<MabRixSAXHandlerCollectionListQueryResult>(), &MapEntries, nullptr};
 }
 #endif
 }  // namespace
@@ -35,6 +152,25 @@ bool MabRixBenchTargetFor(MabRixResponseKind iKind, MabRixBenchTarget& oTarget)
   {
 #ifdef MABRIX_BENCH_HAS_OverwriteFileList
     case MabRixResponseKind::OverwriteFileList: oTarget = &OverwriteFileList; return true;
+#endif
+#ifdef MABRIX_BENCH_HAS_ObjectDetailsList
+    case MabRixResponseKind::ObjectDetails: oTarget = &ObjectDetailsList; return true;
+#endif
+#ifdef MABRIX_BENCH_HAS_ObjectList
+    case MabRixResponseKind::ObjectList: oTarget = &ObjectList; return true;
+#endif
+#ifdef MABRIX_BENCH_HAS_RelationshipList
+    case MabRixResponseKind::RelationshipList: oTarget = &RelationshipList; return true;
+#endif
+#ifdef MABRIX_BENCH_HAS_Structure
+    case MabRixResponseKind::StructureDeep:
+    case MabRixResponseKind::StructureWide: oTarget = &Structure; return true;
+#endif
+#ifdef MABRIX_BENCH_HAS_WorkspaceListQueryResult
+    case MabRixResponseKind::WorkspaceList: oTarget = &WorkspaceList; return true;
+#endif
+#ifdef MABRIX_BENCH_HAS_CollectionListQueryResult
+    case MabRixResponseKind::CollectionList: oTarget = &CollectionList; return true;
 #endif
     default: return false;
   }

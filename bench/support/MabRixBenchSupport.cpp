@@ -56,6 +56,7 @@ const MabRixBenchDocument& MabRixBenchDocumentFor(MabRixResponseKind iKind, std:
   MabRixGeneratorOptions Options;
   Options._Kind = iKind;
   Options._Count = iCount;
+  Options._DistinctKeys = MabRixBenchDistinctKeys(iKind);
   Document._Kind = iKind;
   Document._Count = iCount;
   Document._Stats = MabRixResponseGenerator::ToString(Options, Document._Text);
@@ -65,6 +66,11 @@ const MabRixBenchDocument& MabRixBenchDocumentFor(MabRixResponseKind iKind, std:
     throw std::logic_error(std::string("generated document is not what the parser reads: ") +
                            MabRixResponseGenerator::KindName(iKind));
   return Document;
+}
+
+std::uint64_t MabRixBenchDistinctKeys(MabRixResponseKind iKind)
+{
+  return iKind == MabRixResponseKind::OverwriteFileList ? 1000 : 0;
 }
 
 void MabRixBenchDropDocument()

@@ -26,6 +26,10 @@ struct MabRixBenchDocument
 // documents are hundreds of megabytes.
 const MabRixBenchDocument& MabRixBenchDocumentFor(MabRixResponseKind iKind, std::uint64_t iCount);
 void MabRixBenchDropDocument();
+// Keys of the benchmark documents repeat for the overwrite file list (1,000
+// distinct busid values: a command's files, many versions each), as in the
+// memory measurement; every other kind has a distinct key per record.
+std::uint64_t MabRixBenchDistinctKeys(MabRixResponseKind iKind);
 
 // expat alone, with callbacks that do nothing: the floor. False when the
 // document is not well-formed.
