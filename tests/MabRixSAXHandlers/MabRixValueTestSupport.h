@@ -52,6 +52,11 @@ struct MabRixTestTree
     KelISAXParser_var spParser(_spParser);
     _spRoot = KelVar<MabRixTestRootHandler>::Adopt(new MabRixTestRootHandler(spParser, nullptr, ""));
   }
+  // The parser holds the handler it was last given, which holds the parser:
+  // no document ends here to make it let go.
+  ~MabRixTestTree() { _spParser->SetDocumentHandler(nullptr); }
+  MabRixTestTree(const MabRixTestTree&) = delete;
+  MabRixTestTree& operator=(const MabRixTestTree&) = delete;
   MabRixSAXHandlerBase& Root() { return *_spRoot.Get(); }
   const std::vector<MabIRixValue_var>& Values() const { return _spRoot->Values(); }
 
