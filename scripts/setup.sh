@@ -14,3 +14,14 @@ if [ ${#missing[@]} -gt 0 ]; then
   apt-get update -qq
   apt-get install -y -qq "${missing[@]}"
 fi
+
+# expat parses untrusted server responses: take the distribution's security
+# updates (reparse deferral, allocation and amplification limits).
+expat_minimum="2.5.0-1+deb12u5"
+expat_installed="$(dpkg-query -W -f='${Version}' libexpat1-dev 2>/dev/null || true)"
+if [ -z "$expat_installed" ] || dpkg --compare-versions "$expat_installed" lt "$expat_minimum"; then
+  echo "Upgrading expat (installed: ${expat_installed:-none})"
+  export DEBIAN_FRONTEND=noninteractive
+  apt-get update -qq
+  apt-get install -y -qq --only-upgrade libexpat1 libexpat1-dev
+fi

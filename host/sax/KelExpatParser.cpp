@@ -1,5 +1,11 @@
 #include "KelExpatParser.h"
 
+// The amplification and allocation limits are declared only with XML_DTD.
+#if defined(KEL_EXPAT_HAS_AMPLIFICATION_LIMIT) || defined(KEL_EXPAT_HAS_ALLOCATION_LIMIT)
+#ifndef XML_DTD
+#define XML_DTD
+#endif
+#endif
 #include <expat.h>
 
 #include <cerrno>
@@ -11,19 +17,23 @@ KelImplementClass(KelExpatParser, KelBaseUnknown, "KelSystem")
 
 // Wraps expat's attribute array of the element being started; it is empty
 // outside the StartElement callback, so a list kept by a handler never
-// reaches freed memory.
+// reaches freed memory. The length is counted once per element, so reading
+// every position of a huge attribute list stays linear.
 class KelExpatAttributeList : public virtual KelISAXAttributeList
 {
 public:
-  void Set(const XML_Char** ipAttributes) { _ppAttributes = ipAttributes; }
+  void Set(const XML_Char** ipAttributes)
+  {
+    _ppAttributes = ipAttributes;
+    _Count = 0;
+    if (_ppAttributes)
+      while (_ppAttributes[2 * _Count])
+        ++_Count;
+  }
 
   HRESULT GetLength(unsigned int& oLength) override
   {
-    unsigned int Count = 0;
-    if (_ppAttributes)
-      while (_ppAttributes[2 * Count])
-        ++Count;
-    oLength = Count;
+    oLength = _Count;
     return S_OK;
   }
   HRESULT GetName(unsigned int iPosition, KelUnicodeString& oName) override
@@ -61,15 +71,11 @@ public:
 private:
   const XML_Char* const* At(unsigned int iPosition) const
   {
-    if (!_ppAttributes)
-      return nullptr;
-    for (unsigned int i = 0; i < iPosition; ++i)
-      if (!_ppAttributes[2 * i])
-        return nullptr;
-    return _ppAttributes[2 * iPosition] ? _ppAttributes + 2 * iPosition : nullptr;
+    return iPosition < _Count ? _ppAttributes + 2 * static_cast<std::size_t>(iPosition) : nullptr;
   }
 
   const XML_Char** _ppAttributes = nullptr;
+  unsigned int _Count = 0;
 };
 
 // Position of the parser's current event. It does not hold the parser (the
@@ -104,6 +110,7 @@ struct KelExpatCallbacks
   template <class F>
   static void Deliver(KelExpatParser* ipParser, const char* iEvent, const char* iElement, F&& iCall)
   {
+    ipParser->_Progressed = true;
     if (ipParser->_Stopped || !ipParser->_spHandler)
       return;
     try
@@ -152,9 +159,16 @@ struct KelExpatCallbacks
             });
   }
 
+  // Markup that reaches no handler still shows that expat got past a token.
+  static void XMLCALL OnComment(void* ipData, const XML_Char*)
+  {
+    static_cast<KelExpatParser*>(ipData)->_Progressed = true;
+  }
+
   static void XMLCALL OnStartDoctype(void* ipData, const XML_Char*, const XML_Char*, const XML_Char*, int)
   {
     KelExpatParser* pParser = static_cast<KelExpatParser*>(ipData);
+    pParser->_Progressed = true;
     if (pParser->_Options._AllowDoctype || pParser->_Stopped)
       return;
     pParser->SetParseError("document type declarations are not allowed in a server response");
@@ -215,7 +229,20 @@ void KelExpatParser::CreateExpat()
   XML_SetProcessingInstructionHandler(_pExpat, &KelExpatCallbacks::OnProcessingInstruction);
   XML_SetStartDoctypeDeclHandler(_pExpat, &KelExpatCallbacks::OnStartDoctype);
   XML_SetExternalEntityRefHandler(_pExpat, &KelExpatCallbacks::OnExternalEntity);
+  XML_SetCommentHandler(_pExpat, &KelExpatCallbacks::OnComment);
   XML_SetParamEntityParsing(_pExpat, XML_PARAM_ENTITY_PARSING_NEVER);
+#ifdef KEL_EXPAT_HAS_AMPLIFICATION_LIMIT
+  // Entities of an allowed internal subset may not expand a document beyond
+  // these bounds (billion laughs, quadratic blow-up).
+  XML_SetBillionLaughsAttackProtectionMaximumAmplification(_pExpat, _Options._MaxAmplification);
+  XML_SetBillionLaughsAttackProtectionActivationThreshold(_pExpat, _Options._AmplificationThreshold);
+#endif
+#ifdef KEL_EXPAT_HAS_ALLOCATION_LIMIT
+  XML_SetAllocTrackerMaximumAmplification(_pExpat, _Options._MaxAmplification);
+#endif
+#ifdef KEL_EXPAT_HAS_REPARSE_DEFERRAL
+  XML_SetReparseDeferralEnabled(_pExpat, _Options._ExpatReparseDeferral ? XML_TRUE : XML_FALSE);
+#endif
 }
 
 // A fresh document: new expat parser, nothing recorded.
@@ -230,6 +257,8 @@ void KelExpatParser::Reset()
   _Stopped = false;
   _Over = false;
   _Started = true;
+  ReleasePending();
+  _Stalled = 0;
 }
 
 // The first two events go through the same guard as expat's: a failure is
@@ -246,6 +275,12 @@ void KelExpatParser::Begin()
 
 HRESULT KelExpatParser::Outcome() const { return _HasParseError ? E_FAIL : GetFirstFailedResult(); }
 
+// A token that does not end within what expat was given is scanned again
+// from its start at every later call; an expat without reparse deferral
+// would take quadratic time on one huge token fed in small chunks. Once
+// expat went a whole chunk without an event, input is gathered until it is
+// as large as what has been waiting, so the pieces double and the rescans
+// add up to linear time.
 HRESULT KelExpatParser::Feed(const char* iData, std::size_t iSize, bool iFinal)
 {
   if (!_Started)
@@ -254,24 +289,19 @@ HRESULT KelExpatParser::Feed(const char* iData, std::size_t iSize, bool iFinal)
       return Outcome();
     Begin();
   }
-  // expat takes int lengths: feed a huge buffer in pieces.
-  const std::size_t MaxPiece = 1u << 30;
-  do
+  if (!iData)
+    iSize = 0;
+  if (_Stalled < _Options._ChunkSize && _Pending.empty())
+    Push(iData, iSize, iFinal);
+  else
   {
-    if (_Stopped || _HasParseError)
-      break;
-    const std::size_t Piece = iSize < MaxPiece ? iSize : MaxPiece;
-    const bool Last = iFinal && Piece == iSize;
-    if (XML_Parse(_pExpat, iData, static_cast<int>(Piece), Last ? 1 : 0) == XML_STATUS_ERROR)
+    _Pending.insert(_Pending.end(), iData, iData + iSize);
+    if (iFinal || _Pending.size() >= _Stalled)
     {
-      const XML_Error Code = XML_GetErrorCode(_pExpat);
-      if (Code != XML_ERROR_ABORTED && !_HasParseError)
-        SetParseError(XML_ErrorString(Code));
-      _Stopped = true;
+      Push(_Pending.data(), _Pending.size(), iFinal);
+      ReleasePending();
     }
-    iData += Piece;
-    iSize -= Piece;
-  } while (iSize > 0);
+  }
   if (iFinal || _Stopped || _HasParseError)
     Finish(iFinal);
   if (_Exception)
@@ -281,6 +311,37 @@ HRESULT KelExpatParser::Feed(const char* iData, std::size_t iSize, bool iFinal)
     std::rethrow_exception(Exception);
   }
   return Outcome();
+}
+
+void KelExpatParser::Push(const char* iData, std::size_t iSize, bool iFinal)
+{
+  // expat takes int lengths: feed a huge buffer in pieces.
+  const std::size_t MaxPiece = 1u << 30;
+  do
+  {
+    if (_Stopped || _HasParseError)
+      break;
+    const std::size_t Piece = iSize < MaxPiece ? iSize : MaxPiece;
+    const bool Last = iFinal && Piece == iSize;
+    _Progressed = false;
+    if (XML_Parse(_pExpat, iData, static_cast<int>(Piece), Last ? 1 : 0) == XML_STATUS_ERROR)
+    {
+      const XML_Error Code = XML_GetErrorCode(_pExpat);
+      if (Code != XML_ERROR_ABORTED && !_HasParseError)
+        SetParseError(XML_ErrorString(Code));
+      _Stopped = true;
+    }
+    _Stalled = _Progressed ? 0 : _Stalled + Piece;
+    iData += Piece;
+    iSize -= Piece;
+  } while (iSize > 0);
+}
+
+void KelExpatParser::ReleasePending()
+{
+  _Pending.clear();
+  if (_Pending.capacity() > _Options._ChunkSize)
+    std::vector<char>().swap(_Pending);
 }
 
 void KelExpatParser::Finish(bool iComplete)
@@ -299,6 +360,7 @@ void KelExpatParser::EndParse()
 {
   _Started = false;
   _Over = true;
+  ReleasePending();
   const KelISAXDocumentHandler_var spHandler = std::move(_spHandler);
   _spHandler = nullptr;
   if (KelISAXParseEndListener* pListener = KelQueryInterface<KelISAXParseEndListener>(spHandler.Get()))

@@ -5,8 +5,11 @@
 // A negative callback result is a failure: the parser records it (the first
 // ones, with event, element, line and column) and goes on, or stops there
 // when _StopOnCallbackFailure is set. A document that is not well-formed ends
-// the parse with expat's message and position. External entities are never
-// loaded and document type declarations are refused unless allowed.
+// the parse with expat's message and position. External entities and
+// external parameter entities are never loaded, and document type
+// declarations are refused unless _AllowDoctype is set; when allowed, entity
+// expansion is bounded by expat's amplification limits. A large token fed in
+// small pieces is gathered rather than rescanned, so time stays linear.
 // Exceptions thrown by a handler never unwind through expat: the parser
 // catches them, stops, and rethrows them from the parse call.
 //
@@ -59,6 +62,13 @@ public:
     bool _AllowDoctype = false;          // external entities stay unloaded either way
     std::size_t _ChunkSize = 64 * 1024;  // bytes read per step from a file or stream
     std::size_t _MaxRecordedFailures = 256;
+    // With a document type allowed, entity expansion may make the document at
+    // most this many times larger than its input, once past the threshold.
+    float _MaxAmplification = 100.0f;
+    unsigned long long _AmplificationThreshold = 4ull * 1024 * 1024;
+    // expat's own deferral of large tokens, where the installed expat has it;
+    // the parser's feeding keeps large tokens linear either way.
+    bool _ExpatReparseDeferral = true;
   };
 
   KelExpatParser();
@@ -105,6 +115,8 @@ private:
   void CreateExpat();
   void Reset();
   HRESULT Outcome() const;
+  void Push(const char* iData, std::size_t iSize, bool iFinal);
+  void ReleasePending();
   void Finish(bool iComplete);
   void EndParse();
   void Record(HRESULT iResult, const char* iEvent, const char* iElement);
@@ -126,6 +138,9 @@ private:
   bool _Started = false;
   bool _Over = false;  // a document ended; Feed waits for Begin
   bool _Stopped = false;
+  bool _Progressed = false;     // an event came during the last call of expat
+  std::size_t _Stalled = 0;     // bytes given to expat since its last event
+  std::vector<char> _Pending;   // input gathered while a large token is open
   std::function<void(const KelISAXDocumentHandler_var&)> _Observer;
 };
 
