@@ -1,0 +1,185 @@
+#include "MabRixHandlerTable.h"
+
+#include <utility>
+
+#include "MabRixAttributeValue.h"
+#include "MabRixBooleanValue.h"
+#include "MabRixBooleanValueFormat.h"
+#include "MabRixSAXHandlerAttribute.h"
+#include "MabRixSAXHandlerBoolean.h"
+#include "MabRixSAXHandlerCollectionListQueryResult.h"
+#include "MabRixSAXHandlerOverwriteFileList.h"
+#include "MabRixSAXHandlerString.h"
+#include "MabRixSAXHandlerStringList.h"
+#include "MabRixSAXHandlerStringListMap.h"
+#include "MabRixSAXHandlerStringMap.h"
+#include "MabRixSAXHandlerTemplateListQueryResult.h"
+#include "MabRixSAXHandlerWorkspaceListQueryResult.h"
+#include "MabRixSAXHandlerWorkspaceVaultListQueryResult.h"
+#include "MabRixStringListMapValue.h"
+#include "MabRixStringListValue.h"
+#include "MabRixStringListValueFormat.h"
+#include "MabRixStringMapValue.h"
+#include "MabRixStringValue.h"
+#include "MabRixStringValueFormat.h"
+#include "MabRixTestSupport.h"
+
+KelUnicodeString MabRixOptionBytes::Separator()
+{
+  static const char* const Separators[] = {",", ";", "|", "", " ", "::", "=", "\n", "ab", "\xC3\xA9"};
+  return KelUnicodeString(Separators[Byte() % (sizeof Separators / sizeof Separators[0])]);
+}
+
+namespace
+{
+template <class Handler, class... Arguments>
+MabIRixSAXHandler_var Make(MabRixSAXHandlerBase& iParent, Arguments&&... iArguments)
+{
+  return MabIRixSAXHandler_var::Adopt(new Handler(iParent, std::forward<Arguments>(iArguments)...));
+}
+
+// A handler built from its parent alone.
+template <class Handler>
+MabRixHandlerEntry Plain(const char* iName)
+{
+  return {iName, [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed&) {
+            return Make<Handler>(iParent);
+          }};
+}
+
+// One of the value formats, chosen by the options.
+MabRixValueFormat& ChooseFormat(MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed)
+{
+  switch (ioOptions.Byte() % 3)
+  {
+  case 0:
+    return ioBorrowed.Adopt(new MabRixStringValueFormat());
+  case 1:
+    return ioBorrowed.Adopt(new MabRixBooleanValueFormat());
+  default:
+    return ioBorrowed.Adopt(new MabRixStringListValueFormat(ioOptions.Separator()));
+  }
+}
+
+// A format map over a few attribute names of the response vocabulary.
+KelBaseUnknown_varKelUnicodeStringDico& ChooseFormatMap(MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed)
+{
+  static const char* const Names[] = {"name", "value", "type", "a", "description", ""};
+  KelBaseUnknown_varKelUnicodeStringDico& Map = ioBorrowed.Own(new KelBaseUnknown_varKelUnicodeStringDico());
+  const int Count = ioOptions.Byte() % 4;
+  for (int i = 0; i < Count; ++i)
+  {
+    const KelUnicodeString Name(Names[ioOptions.Byte() % (sizeof Names / sizeof Names[0])]);
+    Map.Insert(Name, KelBaseUnknown_var(&ChooseFormat(ioOptions, ioBorrowed)));
+  }
+  return Map;
+}
+
+std::vector<MabRixHandlerEntry> BuildTable()
+{
+  std::vector<MabRixHandlerEntry> Table;
+  Table.push_back(Plain<MabRixSAXHandlerString>("string"));
+  Table.push_back(Plain<MabRixSAXHandlerBoolean>("boolean"));
+  Table.push_back({"string-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+                     return Make<MabRixSAXHandlerStringList>(iParent, ioOptions.Separator());
+                   }});
+  Table.push_back({"string-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+                     const KelUnicodeString First = ioOptions.Separator();
+                     return Make<MabRixSAXHandlerStringMap>(iParent, First, ioOptions.Separator());
+                   }});
+  Table.push_back(
+      {"string-list-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+         const KelUnicodeString First = ioOptions.Separator();
+         const KelUnicodeString Second = ioOptions.Separator();
+         return Make<MabRixSAXHandlerStringListMap>(iParent, First, Second, ioOptions.Separator());
+       }});
+  Table.push_back({"attribute", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions,
+                                   MabRixBorrowed& ioBorrowed) {
+                     if (ioOptions.Flag())
+                       return Make<MabRixSAXHandlerAttribute>(iParent, ChooseFormatMap(ioOptions, ioBorrowed));
+                     return Make<MabRixSAXHandlerAttribute>(iParent, ChooseFormat(ioOptions, ioBorrowed));
+                   }});
+  Table.push_back(Plain<MabRixSAXHandlerCollectionListQueryResult>("collection-list"));
+  Table.push_back(Plain<MabRixSAXHandlerOverwriteFileList>("overwrite-file-list"));
+  Table.push_back(Plain<MabRixSAXHandlerTemplateListQueryResult>("template-list"));
+  Table.push_back(Plain<MabRixSAXHandlerWorkspaceListQueryResult>("workspace-list"));
+  Table.push_back(Plain<MabRixSAXHandlerWorkspaceVaultListQueryResult>("vault-list"));
+  return Table;
+}
+
+std::string Quote(const KelUnicodeString& iText) { return "\"" + iText.ToUtf8() + "\""; }
+}  // namespace
+
+const std::vector<MabRixHandlerEntry>& MabRixHandlerTable()
+{
+  static const std::vector<MabRixHandlerEntry> Table = BuildTable();
+  return Table;
+}
+
+const MabRixHandlerEntry* MabRixFindHandler(const std::string& iName)
+{
+  for (const MabRixHandlerEntry& Entry : MabRixHandlerTable())
+    if (Entry._Name == iName)
+      return &Entry;
+  return nullptr;
+}
+
+std::string MabRixDescribeValue(const MabIRixValue_var& iValue)
+{
+  if (!iValue)
+    return "null";
+  const std::string Class = iValue->GetImpl() ? iValue->GetImpl()->IsA() : "no implementation";
+  std::string Text = Class;
+  if (const MabRixStringValue* pString = MabRixValueAs<MabRixStringValue>(iValue))
+    Text += " " + Quote(pString->_Value);
+  else if (const MabRixBooleanValue* pBoolean = MabRixValueAs<MabRixBooleanValue>(iValue))
+    Text += pBoolean->_Value ? " true" : " false";
+  else if (const MabRixStringListValue* pList = MabRixValueAs<MabRixStringListValue>(iValue))
+    for (int i = 0; i < static_cast<int>(pList->_Value.Size()); ++i)
+      Text += " " + Quote(pList->_Value[i]);
+  else if (const MabRixStringMapValue* pMap = MabRixValueAs<MabRixStringMapValue>(iValue))
+    for (auto It = pMap->_Value.begin(); It != pMap->_Value.end(); ++It)
+      Text += " " + Quote(It.GetKey()) + "=" + Quote(*It);
+  else if (const MabRixStringListMapValue* pListMap = MabRixValueAs<MabRixStringListMapValue>(iValue))
+    for (auto It = pListMap->_Value.begin(); It != pListMap->_Value.end(); ++It)
+    {
+      Text += " " + Quote(It.GetKey()) + "=[";
+      for (int i = 0; i < static_cast<int>((*It).Size()); ++i)
+        Text += (i ? "," : "") + Quote((*It)[i]);
+      Text += "]";
+    }
+  else if (const MabRixAttributeValue* pAttribute = MabRixValueAs<MabRixAttributeValue>(iValue))
+    Text += " " + Quote(pAttribute->_Name) + " (" + MabRixDescribeValue(pAttribute->_Value) + ")";
+  return Text;
+}
+
+std::string MabRixReadAndDescribe(const MabRixHandlerEntry& iEntry, const std::string& iXml,
+                                  const std::vector<std::uint8_t>& iOptions, std::size_t iChunk,
+                                  KelExpatParser::Options iParserOptions)
+{
+  MabRixBorrowed Borrowed;  // outlives the reading below
+  MabRixOptionBytes Options(iOptions.data(), iOptions.size());
+  const MabRixHandlerFactory Factory = [&](MabRixSAXHandlerBase& iParent) {
+    return iEntry._Make(iParent, Options, Borrowed);
+  };
+  const MabRixTestReading Reading = MabRixRead(iXml, Factory, "", iChunk, iParserOptions);
+  const KelExpatParser& Parser = *Reading._spParser;
+  std::string Text = "result " + std::to_string(Reading._Result);
+  if (Parser.HasParseError())
+    Text += "\nparse error " + Quote(Parser.GetParseError()._Message) + " at " +
+            std::to_string(Parser.GetParseError()._Line) + ":" + std::to_string(Parser.GetParseError()._Column);
+  for (const KelSAXCallbackFailure& Failure : Parser.GetCallbackFailures())
+    Text += "\nfailure " + std::to_string(Failure._Result) + " " + Failure._Event + " " + Quote(Failure._Element) +
+            " at " + std::to_string(Failure._Line) + ":" + std::to_string(Failure._Column);
+  for (const MabIRixValue_var& spValue : Reading.Values())
+    Text += "\nvalue " + MabRixDescribeValue(spValue);
+  if (const MabIRixSAXHandler_var spHandler = Reading.Handler())
+  {
+    MabIRixResponse_var spResponse;
+    if (SUCCEEDED(spHandler->GetResponse(spResponse)) && spResponse)
+      Text += std::string("\nresponse ") + (spResponse->GetImpl() ? spResponse->GetImpl()->IsA() : "?");
+  }
+  if (Borrowed._Describe)
+    Text += "\n" + Borrowed._Describe();
+  return Text;
+}
