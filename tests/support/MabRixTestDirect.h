@@ -62,24 +62,54 @@ private:
   std::vector<std::pair<std::string, std::string>> _Attributes;
 };
 
+// A parser that only holds its document handler; its SetDocumentHandler
+// refuses the next _Refusals calls.
+class MabRixTestParser : public virtual KelISAXParser
+{
+public:
+  HRESULT SetDocumentHandler(const KelISAXDocumentHandler_var& iHandler) override
+  {
+    if (_Refusals > 0)
+    {
+      --_Refusals;
+      return E_FAIL;
+    }
+    _spHandler = iHandler;
+    return S_OK;
+  }
+  HRESULT GetDocumentHandler(KelISAXDocumentHandler_var& oHandler) override
+  {
+    oHandler = _spHandler;
+    return S_OK;
+  }
+
+  int _Refusals = 0;
+
+private:
+  KelISAXDocumentHandler_var _spHandler;
+};
+
 // A parser and a root handler that a handler under test can take as parent.
 struct MabRixTestParent
 {
-  MabRixTestParent()
+  explicit MabRixTestParent(KelISAXParser_var ispParser = KelISAXParser_var::Adopt(new KelExpatParser()))
+      : _spParser(std::move(ispParser))
   {
-    _spParser = KelVar<KelExpatParser>::Adopt(new KelExpatParser());
-    KelISAXParser_var spParser(_spParser);
-    _spRoot = KelVar<MabRixTestRootHandler>::Adopt(new MabRixTestRootHandler(spParser, nullptr, ""));
+    _spRoot = KelVar<MabRixTestRootHandler>::Adopt(new MabRixTestRootHandler(_spParser, nullptr, ""));
   }
   // No document ends here to make the parser let go of its handler.
-  ~MabRixTestParent() { _spParser->SetDocumentHandler(nullptr); }
+  ~MabRixTestParent()
+  {
+    if (!!_spParser)
+      _spParser->SetDocumentHandler(nullptr);
+  }
   MabRixTestParent(const MabRixTestParent&) = delete;
   MabRixTestParent& operator=(const MabRixTestParent&) = delete;
 
   MabRixSAXHandlerBase& Root() { return *_spRoot.Get(); }
   const std::vector<MabIRixValue_var>& Values() const { return _spRoot->Values(); }
 
-  KelVar<KelExpatParser> _spParser;
+  KelISAXParser_var _spParser;
   KelVar<MabRixTestRootHandler> _spRoot;
 };
 

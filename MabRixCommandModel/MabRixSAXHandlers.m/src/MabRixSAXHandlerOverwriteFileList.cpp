@@ -23,7 +23,7 @@ HRESULT MabRixSAXHandlerOverwriteFileList::StartElement(const KelUnicodeString& 
                                                          const KelISAXAttributeList_var& iAttributes)
 {
   (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));
-  if (!_pMapValue && !KelCheck(_pMapValue))
+  if (!KelCheck(_pMapValue))
     return E_FAIL;
   if (iName != "filedetails")
     return S_OK;
@@ -47,7 +47,7 @@ HRESULT MabRixSAXHandlerOverwriteFileList::EndElement(const KelUnicodeString& iN
   if (!StopIfNecessary(iName))
     return S_OK;
   const MabIRixValue_var spValue(_pMapValue);
-  if (!_spParentHandler && !KelCheck(!!_spParentHandler))
+  if (!KelCheck(!!_spParentHandler))
     return S_OK;
   return _spParentHandler->Value(spValue);
 }

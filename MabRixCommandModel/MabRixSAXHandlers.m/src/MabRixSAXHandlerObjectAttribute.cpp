@@ -1,0 +1,120 @@
+#include "MabRixSAXHandlerObjectAttribute.h"
+
+#include <new>
+
+#include "KelCheck.h"
+#include "MabRixAttributeValue.h"
+#include "MabRixObjectAttributeValue.h"
+#include "MabRixSAXHandlerAttribute.h"
+#include "MabRixSAXHandlerString.h"
+#include "MabRixStringValue.h"
+#include "MabRixStringValueFormat.h"
+
+MabRixImplementHandler(MabRixSAXHandlerObjectAttribute, MabRixSAXHandlerBase)
+
+MabRixSAXHandlerObjectAttribute::MabRixSAXHandlerObjectAttribute(MabRixSAXHandlerBase& iParent)
+    : MabRixSAXHandlerBase(iParent),
+      _pStringFormat(new (std::nothrow) MabRixStringValueFormat()),
+      _pObjectAttributeValue(new (std::nothrow) MabRixObjectAttributeValue())
+{
+}
+
+MabRixSAXHandlerObjectAttribute::~MabRixSAXHandlerObjectAttribute()
+{
+  if (_pStringFormat)
+  {
+    _pStringFormat->Release();
+    _pStringFormat = nullptr;
+  }
+  if (_pObjectAttributeValue)
+  {
+    _pObjectAttributeValue->Release();
+    _pObjectAttributeValue = nullptr;
+  }
+}
+
+// Every direct child gets a handler of its own: attribute elements an
+// attribute handler, any other element a string handler.
+HRESULT MabRixSAXHandlerObjectAttribute::StartElement(const KelUnicodeString& iName,
+                                                      const KelISAXAttributeList_var& iAttributes)
+{
+  (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));
+  _CurrentElement = iName;
+  _spChildHandler = nullptr;
+  if (iName != "attribute")
+    _spChildHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerString(*this));
+  else if (_pStringFormat)
+    _spChildHandler =
+        MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerAttribute(*this, *_pStringFormat));
+  if (!_spChildHandler)
+    return S_OK;  // no handler could be made: the element is skipped
+  return _spChildHandler->StartHandlingEvents(iName, iAttributes);
+}
+
+HRESULT MabRixSAXHandlerObjectAttribute::Value(const MabIRixValue_var& iValue)
+{
+  HRESULT hr = E_FAIL;
+  if (!_pObjectAttributeValue)
+    _pObjectAttributeValue = new (std::nothrow) MabRixObjectAttributeValue();
+  if (!_pObjectAttributeValue)
+  {
+    (void)KelCheck(_pObjectAttributeValue);
+    return E_FAIL;  // nowhere to keep the value, whatever the answer
+  }
+  const KelUnicodeString Type = !!iValue ? iValue->GetImpl()->IsA() : "";
+  if (Type == "MabRixStringValue")
+  {
+    const MabRixStringValue* pValue = KelImplCast<MabRixStringValue>(iValue.Get());
+    if (!pValue)
+    {
+      KelFatal("AssertionFailed:pValue");
+      return E_FAIL;
+    }
+    KeepElementText(pValue->_Value);
+    hr = S_OK;
+  }
+  if (_CurrentElement == "attribute")
+  {
+    const MabRixAttributeValue* pValue = KelImplCast<MabRixAttributeValue>(iValue.Get());
+    if (!pValue)
+    {
+      KelFatal("AssertionFailed:pValue");
+      return E_FAIL;
+    }
+    if (KeepAttribute(*pValue))
+      hr = S_OK;
+  }
+  // An "attributes" element is accepted whatever it gave.
+  return _CurrentElement == "attributes" ? S_OK : hr;
+}
+
+void MabRixSAXHandlerObjectAttribute::KeepElementText(const KelUnicodeString& iText)
+{
+  _pObjectAttributeValue->_ElementValues.Insert(_CurrentElement, iText);
+  if (_CurrentElement == "preview")
+    _pObjectAttributeValue->_PreviewPath = MabRixPath(iText);
+}
+
+// Only string values are kept; false when the reporter refused another kind.
+bool MabRixSAXHandlerObjectAttribute::KeepAttribute(const MabRixAttributeValue& iAttribute)
+{
+  const KelUnicodeString MabIRixValue_Type = !!iAttribute._Value ? iAttribute._Value->GetImpl()->IsA() : "";
+  if (!KelCheck(MabIRixValue_Type == "MabRixStringValue"))
+    return false;
+  if (const MabRixStringValue* pString = KelImplCast<MabRixStringValue>(iAttribute._Value.Get()))
+    _pObjectAttributeValue->_Attributes.Insert(iAttribute._Name, pString->_Value);
+  return true;
+}
+
+HRESULT MabRixSAXHandlerObjectAttribute::EndElement(const KelUnicodeString& iName)
+{
+  if (!KelCheck(_pObjectAttributeValue))
+    return E_FAIL;
+  if (!StopIfNecessary(iName))
+    return S_OK;
+  // cadobject has closed: the parent copies what it needs in its Value.
+  const MabIRixValue_var spValue(_pObjectAttributeValue);
+  if (!KelCheck(!!_spParentHandler))
+    return S_OK;
+  return _spParentHandler->Value(spValue);
+}

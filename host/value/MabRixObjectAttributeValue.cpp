@@ -1,0 +1,3 @@
+#include "MabRixObjectAttributeValue.h"
+
+KelImplementClass(MabRixObjectAttributeValue, KelBaseUnknown, "KelSystem")
