@@ -1,0 +1,21 @@
+// JSON of the values handlers hand to the command layer, and of the failure
+// response. A value is an object with its class (the IsA name) and its
+// content; a class rixsax does not know is written with its class only.
+#ifndef RixsaxValueJson_h
+#define RixsaxValueJson_h
+
+#include <cstddef>
+
+#include "MabIRixResponse.h"
+#include "MabIRixValue.h"
+#include "RixsaxJsonBasics.h"
+
+// null for a null value.
+RixsaxJson RixsaxValueJson(const MabIRixValue_var& iValue);
+// Number of entries a value holds (items of a list, entries of a map, rows
+// of a query result); 0 for a scalar.
+std::size_t RixsaxValueEntryCount(const MabIRixValue_var& iValue);
+// null for a null response.
+RixsaxJson RixsaxResponseJson(const MabIRixResponse_var& iResponse);
+
+#endif
