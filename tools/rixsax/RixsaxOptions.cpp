@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include "RixsaxFormats.h"
 #include "RixsaxRegistry.h"
 
 namespace
@@ -65,13 +66,6 @@ std::vector<std::pair<std::string, std::string>> ToFormatMap(const std::vector<s
 
 bool ToFlag(const std::string& iText) { return iText == "true"; }
 }  // namespace
-
-const std::vector<std::string>& RixsaxFormatKinds()
-{
-  static const std::vector<std::string> Kinds = {"string",     "boolean",         "string-list",        "string-map",
-                                                 "xml-string-map", "string-list-map", "xml-string-list-map"};
-  return Kinds;
-}
 
 RixsaxCommandLine RixsaxParseCommandLine(int iArgc, const char* const* iArgv)
 {

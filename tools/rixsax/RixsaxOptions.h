@@ -46,9 +46,6 @@ struct RixsaxOptions
   bool _Trace = false;
 };
 
-// The kinds of value formats an attribute handler can be given.
-const std::vector<std::string>& RixsaxFormatKinds();
-
 enum class RixsaxCommand
 {
   Read,

@@ -1,7 +1,19 @@
 #include "RixsaxRegistry.h"
 
+#include "MabRixSAXHandlerAttribute.h"
 #include "MabRixSAXHandlerBoolean.h"
+#include "MabRixSAXHandlerCollectionListQueryResult.h"
+#include "MabRixSAXHandlerObjectDetailsList.h"
+#include "MabRixSAXHandlerOverwriteFileList.h"
+#include "MabRixSAXHandlerSavedQueryResult.h"
 #include "MabRixSAXHandlerString.h"
+#include "MabRixSAXHandlerStringList.h"
+#include "MabRixSAXHandlerStringListMap.h"
+#include "MabRixSAXHandlerStringMap.h"
+#include "MabRixSAXHandlerTemplateListQueryResult.h"
+#include "MabRixSAXHandlerUIElementQueryResult.h"
+#include "MabRixSAXHandlerWorkspaceListQueryResult.h"
+#include "MabRixSAXHandlerWorkspaceVaultListQueryResult.h"
 #include "RixsaxSession.h"
 
 namespace
@@ -18,6 +30,24 @@ RixsaxHandlerFactory ParentOnly()
 {
   return [](MabRixSAXHandlerBase& iParent, RixsaxSession&) { return Make<Handler>(iParent); };
 }
+
+// One format, or a format per attribute name.
+MabIRixSAXHandler_var MakeAttribute(MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession)
+{
+  if (ioSession.HasFormatMap())
+    return Make<MabRixSAXHandlerAttribute>(iParent, ioSession.FormatMap());
+  return Make<MabRixSAXHandlerAttribute>(iParent, ioSession.Format());
+}
+
+// The response is lent only when the command line gave one.
+MabIRixSAXHandler_var MakeObjectDetails(MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession)
+{
+  MabRixSAXHandlerObjectDetailsList* pHandler = new MabRixSAXHandlerObjectDetailsList(iParent, ioSession.CADContext());
+  MabIRixSAXHandler_var spHandler = MabIRixSAXHandler_var::Adopt(pHandler);
+  if (MabRixObjectDetailsResponse* pResponse = ioSession.ObjectDetailsResponse())
+    pHandler->SetObjDetailsResponsePtr(pResponse);
+  return spHandler;
+}
 }  // namespace
 
 const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
@@ -27,6 +57,45 @@ const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
        ParentOnly<MabRixSAXHandlerString>()},
       {"boolean", "MabRixSAXHandlerBoolean", "the text of one element as a truth value (yes or true)",
        RixsaxNoContext, ParentOnly<MabRixSAXHandlerBoolean>()},
+      {"string-list", "MabRixSAXHandlerStringList", "one element's text cut into a list at --list-sep",
+       RixsaxNoContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerStringList>(iParent, ioSession._ListSeparator);
+       }},
+      {"string-map", "MabRixSAXHandlerStringMap", "one element's text cut into a map at --first-sep and --second-sep",
+       RixsaxNoContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerStringMap>(iParent, ioSession._FirstSeparator, ioSession._SecondSeparator);
+       }},
+      {"string-list-map", "MabRixSAXHandlerStringListMap",
+       "one element's text cut into a map of lists at --first-sep, --second-sep and --list-sep", RixsaxNoContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerStringListMap>(iParent, ioSession._FirstSeparator, ioSession._SecondSeparator,
+                                                    ioSession._ListSeparator);
+       }},
+      {"attribute", "MabRixSAXHandlerAttribute",
+       "an attribute element (name, value) through --value-format or --format-for", RixsaxNoContext, MakeAttribute},
+      {"object-details", "MabRixSAXHandlerObjectDetailsList",
+       "an object-details list into the CAD context (--can-resolve-uuid-conflict lends a response)",
+       RixsaxUsesCADContext, MakeObjectDetails},
+      {"overwrite-file-list", "MabRixSAXHandlerOverwriteFileList", "filedetails elements into a map of busid to file",
+       RixsaxNoContext, ParentOnly<MabRixSAXHandlerOverwriteFileList>()},
+      {"collection-list", "MabRixSAXHandlerCollectionListQueryResult",
+       "collection rows into a map of name to description", RixsaxNoContext,
+       ParentOnly<MabRixSAXHandlerCollectionListQueryResult>()},
+      {"saved-query", "MabRixSAXHandlerSavedQueryResult", "a saved query's name, description and criteria",
+       RixsaxNoContext, ParentOnly<MabRixSAXHandlerSavedQueryResult>()},
+      {"template-list", "MabRixSAXHandlerTemplateListQueryResult", "template rows by OID", RixsaxNoContext,
+       ParentOnly<MabRixSAXHandlerTemplateListQueryResult>()},
+      {"ui-element", "MabRixSAXHandlerUIElementQueryResult",
+       "user-interface element rows of the kind --element-kind, with their default keys", RixsaxNoContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerUIElementQueryResult>(iParent, ioSession._ElementKind);
+       }},
+      {"workspace-list", "MabRixSAXHandlerWorkspaceListQueryResult", "workspace rows by OID, and OIDs by name",
+       RixsaxNoContext, ParentOnly<MabRixSAXHandlerWorkspaceListQueryResult>()},
+      {"vault-list", "MabRixSAXHandlerWorkspaceVaultListQueryResult", "workspace-vault rows by OID, and the OIDs in order",
+       RixsaxNoContext, ParentOnly<MabRixSAXHandlerWorkspaceVaultListQueryResult>()},
   };
   return Entries;
 }

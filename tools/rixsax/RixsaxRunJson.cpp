@@ -1,5 +1,6 @@
 #include "RixsaxRunJson.h"
 
+#include "RixsaxContextJson.h"
 #include "RixsaxRegistry.h"
 #include "RixsaxSession.h"
 #include "RixsaxValueJson.h"
@@ -93,5 +94,9 @@ RixsaxJson RixsaxRunJson(const std::vector<RixsaxStepRecord>& iSteps, RixsaxSess
   for (const RixsaxStepRecord& Step : iSteps)
     Responses.push_back(RixsaxStepJson(Step, iSession.Options()._Trace));
   Json["responses"] = std::move(Responses);
+  if (const MabRixTNRObjectContext* pContext = iSession.UsedTNRContext())
+    Json["tnrContext"] = RixsaxTNRContextJson(*pContext);
+  if (const MabRixCADObjectContext* pContext = iSession.UsedCADContext())
+    Json["cadContext"] = RixsaxCADContextJson(*pContext);
   return Json;
 }

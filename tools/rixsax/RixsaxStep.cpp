@@ -6,6 +6,7 @@
 #include "KelCheck.h"
 #include "KelError.h"
 #include "KelNullVarError.h"
+#include "RixsaxContextJson.h"
 #include "RixsaxRegistry.h"
 #include "RixsaxRootHandler.h"
 #include "RixsaxSession.h"
@@ -110,6 +111,27 @@ std::optional<RixsaxErrorRecord> LastError()
   return Record;
 }
 
+// The contexts the handler borrowed, as they stand after the step.
+RixsaxContextCounts CountContexts(RixsaxSession& iSession, unsigned iContexts)
+{
+  RixsaxContextCounts Counts;
+  const auto Add = [&Counts](const MabRixObjectContext* ipContext) {
+    if (!ipContext)
+      return;
+    const RixsaxContextCounts Some = RixsaxCountContext(*ipContext);
+    Counts._Objects += Some._Objects;
+    Counts._MajorObjects += Some._MajorObjects;
+    Counts._MinorObjects += Some._MinorObjects;
+    Counts._Relationships += Some._Relationships;
+    Counts._Relations += Some._Relations;
+  };
+  if (iContexts & RixsaxUsesTNRContext)
+    Add(iSession.UsedTNRContext());
+  if (iContexts & RixsaxUsesCADContext)
+    Add(iSession.UsedCADContext());
+  return Counts;
+}
+
 HRESULT Parse(KelExpatParser& ioParser, const std::string& iFile)
 {
   if (iFile == "-")
@@ -182,5 +204,6 @@ RixsaxStepRecord RixsaxRunStep(RixsaxSession& ioSession, const RixsaxHandlerEntr
   // Only the failure handler has a response; every other one answers E_FAIL.
   if (MabIRixSAXHandler_var spHandler = spRoot->Handler(); spHandler && FAILED(spHandler->GetResponse(Record._spResponse)))
     Record._spResponse = nullptr;
+  Record._ContextCounts = CountContexts(ioSession, iEntry._Contexts);
   return Record;
 }
