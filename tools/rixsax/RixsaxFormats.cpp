@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "MabRixBooleanValueFormat.h"
+#include "MabRixStringListMapValueFormat.h"
 #include "MabRixStringListValueFormat.h"
+#include "MabRixStringMapValueFormat.h"
 #include "MabRixStringValueFormat.h"
 #include "RixsaxOptions.h"
 
@@ -22,6 +24,20 @@ const std::vector<std::pair<std::string, FormatFactory>>& Factories()
       {"string-list",
        [](const RixsaxOptions& iOptions) -> MabRixValueFormat* {
          return new MabRixStringListValueFormat(Text(iOptions._ListSeparator));
+       }},
+      {"string-map",
+       [](const RixsaxOptions& iOptions) -> MabRixValueFormat* {
+         return new MabRixStringMapValueFormat(Text(iOptions._FirstSeparator), Text(iOptions._SecondSeparator));
+       }},
+      {"xml-string-map", [](const RixsaxOptions&) -> MabRixValueFormat* { return new MabRixStringMapValueFormat(); }},
+      {"string-list-map",
+       [](const RixsaxOptions& iOptions) -> MabRixValueFormat* {
+         return new MabRixStringListMapValueFormat(Text(iOptions._FirstSeparator), Text(iOptions._SecondSeparator),
+                                                   Text(iOptions._ListSeparator));
+       }},
+      {"xml-string-list-map",
+       [](const RixsaxOptions& iOptions) -> MabRixValueFormat* {
+         return new MabRixStringListMapValueFormat(Text(iOptions._ListSeparator));
        }},
   };
   return Table;

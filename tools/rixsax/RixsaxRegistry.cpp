@@ -3,17 +3,25 @@
 #include "MabRixSAXHandlerAttribute.h"
 #include "MabRixSAXHandlerBoolean.h"
 #include "MabRixSAXHandlerCollectionListQueryResult.h"
+#include "MabRixSAXHandlerFailure.h"
+#include "MabRixSAXHandlerObjectAttribute.h"
 #include "MabRixSAXHandlerObjectDetailsList.h"
+#include "MabRixSAXHandlerObjectList.h"
 #include "MabRixSAXHandlerOverwriteFileList.h"
+#include "MabRixSAXHandlerRelationshipList.h"
 #include "MabRixSAXHandlerSavedQueryResult.h"
 #include "MabRixSAXHandlerString.h"
 #include "MabRixSAXHandlerStringList.h"
 #include "MabRixSAXHandlerStringListMap.h"
 #include "MabRixSAXHandlerStringMap.h"
+#include "MabRixSAXHandlerStructure.h"
 #include "MabRixSAXHandlerTemplateListQueryResult.h"
 #include "MabRixSAXHandlerUIElementQueryResult.h"
 #include "MabRixSAXHandlerWorkspaceListQueryResult.h"
 #include "MabRixSAXHandlerWorkspaceVaultListQueryResult.h"
+#include "MabRixSAXHandlerXMLStringList.h"
+#include "MabRixSAXHandlerXMLStringListMap.h"
+#include "MabRixSAXHandlerXMLStringMap.h"
 #include "RixsaxSession.h"
 
 namespace
@@ -39,6 +47,14 @@ MabIRixSAXHandler_var MakeAttribute(MabRixSAXHandlerBase& iParent, RixsaxSession
   return Make<MabRixSAXHandlerAttribute>(iParent, ioSession.Format());
 }
 
+// Key/value mode when the command line named both elements.
+MabIRixSAXHandler_var MakeXMLStringMap(MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession)
+{
+  if (ioSession.Options()._KeyValue)
+    return Make<MabRixSAXHandlerXMLStringMap>(iParent, ioSession._Key, ioSession._Value);
+  return Make<MabRixSAXHandlerXMLStringMap>(iParent);
+}
+
 // The response is lent only when the command line gave one.
 MabIRixSAXHandler_var MakeObjectDetails(MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession)
 {
@@ -53,6 +69,8 @@ MabIRixSAXHandler_var MakeObjectDetails(MabRixSAXHandlerBase& iParent, RixsaxSes
 const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
 {
   static const std::vector<RixsaxHandlerEntry> Entries = {
+      {"failure", "MabRixSAXHandlerFailure", "a failure element into the failure response", RixsaxNoContext,
+       ParentOnly<MabRixSAXHandlerFailure>()},
       {"string", "MabRixSAXHandlerString", "the text of one element as a string", RixsaxNoContext,
        ParentOnly<MabRixSAXHandlerString>()},
       {"boolean", "MabRixSAXHandlerBoolean", "the text of one element as a truth value (yes or true)",
@@ -73,8 +91,38 @@ const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
          return Make<MabRixSAXHandlerStringListMap>(iParent, ioSession._FirstSeparator, ioSession._SecondSeparator,
                                                     ioSession._ListSeparator);
        }},
+      {"xml-string-list", "MabRixSAXHandlerXMLStringList", "the texts of the --item elements as a list",
+       RixsaxNoContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerXMLStringList>(iParent, ioSession._Item);
+       }},
+      {"xml-string-map", "MabRixSAXHandlerXMLStringMap",
+       "attribute elements (or --key/--value element pairs) as a map", RixsaxNoContext, MakeXMLStringMap},
+      {"xml-string-list-map", "MabRixSAXHandlerXMLStringListMap",
+       "attribute elements as a map of lists cut at --list-sep", RixsaxNoContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerXMLStringListMap>(iParent, ioSession._ListSeparator);
+       }},
       {"attribute", "MabRixSAXHandlerAttribute",
        "an attribute element (name, value) through --value-format or --format-for", RixsaxNoContext, MakeAttribute},
+      {"object-attribute", "MabRixSAXHandlerObjectAttribute",
+       "a cadobject element's content: element values, preview, attributes", RixsaxNoContext,
+       ParentOnly<MabRixSAXHandlerObjectAttribute>()},
+      {"object-list", "MabRixSAXHandlerObjectList", "cadobject elements into the TNR context", RixsaxUsesTNRContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerObjectList>(iParent, ioSession.TNRContext());
+       }},
+      {"relationship-list", "MabRixSAXHandlerRelationshipList", "relationship elements into the TNR context",
+       RixsaxUsesTNRContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerRelationshipList>(iParent, ioSession.TNRContext());
+       }},
+      {"structure", "MabRixSAXHandlerStructure",
+       "nested cadobject elements into relations and pointer flags of the TNR context (--root-level)",
+       RixsaxUsesTNRContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         return Make<MabRixSAXHandlerStructure>(iParent, ioSession.TNRContext(), ioSession.Options()._RootLevel);
+       }},
       {"object-details", "MabRixSAXHandlerObjectDetailsList",
        "an object-details list into the CAD context (--can-resolve-uuid-conflict lends a response)",
        RixsaxUsesCADContext, MakeObjectDetails},

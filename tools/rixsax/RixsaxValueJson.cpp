@@ -5,8 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "MabIRixFailureResponse.h"
 #include "MabRixAttributeValue.h"
 #include "MabRixBooleanValue.h"
+#include "MabRixObjectAttributeValue.h"
 #include "MabRixSavedQueryRecord.h"
 #include "MabRixSavedQueryResultValue.h"
 #include "MabRixStringListMapValue.h"
@@ -133,6 +135,16 @@ const std::vector<ValueWriter>& Writers()
             oJson["value"] = RixsaxValueJson(iValue._Value);
           },
           [](const MabRixAttributeValue& iValue) { return RixsaxValueEntryCount(iValue._Value); }),
+      Writer<MabRixObjectAttributeValue>(
+          "MabRixObjectAttributeValue",
+          [](const MabRixObjectAttributeValue& iValue, RixsaxJson& oJson) {
+            oJson["previewPath"] = RixsaxToJson(iValue._PreviewPath.GetString());
+            oJson["elementValues"] = RixsaxToJson(iValue._ElementValues);
+            oJson["attributes"] = RixsaxToJson(iValue._Attributes);
+          },
+          [](const MabRixObjectAttributeValue& iValue) {
+            return static_cast<std::size_t>(iValue._ElementValues.Size() + iValue._Attributes.Size());
+          }),
       Writer<MabRixTemplateQueryResultValue>(
           "MabRixTemplateQueryResultValue",
           [](const MabRixTemplateQueryResultValue& iValue, RixsaxJson& oJson) {
@@ -223,6 +235,11 @@ RixsaxJson RixsaxResponseJson(const MabIRixResponse_var& iResponse)
   RixsaxJson Json = RixsaxJson::object();
   Json["class"] = iResponse->GetImpl()->IsA();
   Json["commandName"] = RixsaxToJson(iResponse->GetCommandName());
+  if (const MabIRixFailureResponse_var spFailure(iResponse); !!spFailure)
+  {
+    Json["errorCode"] = RixsaxToJson(spFailure->GetErrorCode());
+    Json["reason"] = RixsaxToJson(spFailure->GetReason());
+  }
   Json["success"] = iResponse->Success() != 0;
   Json["request"] = iResponse->Request() != 0;
   return Json;
