@@ -16,6 +16,18 @@
 #include "MabRixSAXHandlerTemplateListQueryResult.h"
 #include "MabRixSAXHandlerWorkspaceListQueryResult.h"
 #include "MabRixSAXHandlerWorkspaceVaultListQueryResult.h"
+#include "MabRixSAXHandlerXMLStringList.h"
+#include "MabRixSAXHandlerXMLStringListMap.h"
+#include "MabRixSAXHandlerXMLStringMap.h"
+#include "MabRixSAXHandlerFailure.h"
+#include "MabRixSAXHandlerObjectDetailsList.h"
+#include "MabRixSAXHandlerSavedQueryResult.h"
+#include "MabRixSAXHandlerUIElementQueryResult.h"
+#include "MabERixMajorObject.h"
+#include "MabERixObject.h"
+#include "MabRixCADObjectContext.h"
+#include "MabRixStringMapValueFormat.h"
+#include "MabRixStringListMapValueFormat.h"
 #include "MabRixStringListMapValue.h"
 #include "MabRixStringListValue.h"
 #include "MabRixStringListValueFormat.h"
@@ -50,14 +62,29 @@ MabRixHandlerEntry Plain(const char* iName)
 // One of the value formats, chosen by the options.
 MabRixValueFormat& ChooseFormat(MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed)
 {
-  switch (ioOptions.Byte() % 3)
+  switch (ioOptions.Byte() % 7)
   {
   case 0:
     return ioBorrowed.Adopt(new MabRixStringValueFormat());
   case 1:
     return ioBorrowed.Adopt(new MabRixBooleanValueFormat());
-  default:
+  case 2:
     return ioBorrowed.Adopt(new MabRixStringListValueFormat(ioOptions.Separator()));
+  case 3:
+    return ioBorrowed.Adopt(new MabRixStringMapValueFormat());
+  case 4:
+  {
+    const KelUnicodeString First = ioOptions.Separator();
+    return ioBorrowed.Adopt(new MabRixStringMapValueFormat(First, ioOptions.Separator()));
+  }
+  case 5:
+    return ioBorrowed.Adopt(new MabRixStringListMapValueFormat(ioOptions.Separator()));
+  default:
+  {
+    const KelUnicodeString First = ioOptions.Separator();
+    const KelUnicodeString Second = ioOptions.Separator();
+    return ioBorrowed.Adopt(new MabRixStringListMapValueFormat(First, Second, ioOptions.Separator()));
+  }
   }
 }
 
@@ -75,6 +102,43 @@ KelBaseUnknown_varKelUnicodeStringDico& ChooseFormatMap(MabRixOptionBytes& ioOpt
   return Map;
 }
 
+// An element name of the response vocabulary, or an odd one.
+KelUnicodeString ElementName(MabRixOptionBytes& ioOptions)
+{
+  static const char* const Names[] = {"item", "value", "name", "row", "key", "entry", "", "a"};
+  return KelUnicodeString(Names[ioOptions.Byte() % (sizeof Names / sizeof Names[0])]);
+}
+
+std::string ObjectNames(const MabRixObjectContext& iContext)
+{
+  std::string Names;
+  for (const MabERixObject_var& spObject : iContext.GetObjects())
+    Names += " " + spObject->GetKeyName().ToUtf8();
+  for (const MabERixMajorObject_var& spMajor : iContext.GetMajorObjects())
+    Names += " @" + spMajor->GetKeyRevision().ToUtf8();
+  return Names;
+}
+
+// What an object context holds, for comparisons.
+std::string DescribeContext(const MabRixObjectContext& iContext)
+{
+  return "context " + std::to_string(iContext.GetObjects().size()) + " objects, " +
+         std::to_string(iContext.GetMajorObjects().size()) + " major, " +
+         std::to_string(iContext.GetMinorObjects().size()) + " minor, " +
+         std::to_string(iContext.GetRelationships().size()) + " relationships, " +
+         std::to_string(iContext.GetRelations().size()) + " relations" + ObjectNames(iContext);
+}
+
+// A CAD object context lent to the handler, through the pointer it takes by
+// reference.
+MabRixCADObjectContext*& CADContext(MabRixBorrowed& ioBorrowed)
+{
+  MabRixCADObjectContext& Context = ioBorrowed.Adopt(new MabRixCADObjectContext());
+  ioBorrowed._Describe = [&Context] { return DescribeContext(Context); };
+  return ioBorrowed.Own(new MabRixCADObjectContext*(&Context));
+}
+
+// New entries go at the end: the fuzz corpus names handlers by position.
 std::vector<MabRixHandlerEntry> BuildTable()
 {
   std::vector<MabRixHandlerEntry> Table;
@@ -104,6 +168,31 @@ std::vector<MabRixHandlerEntry> BuildTable()
   Table.push_back(Plain<MabRixSAXHandlerTemplateListQueryResult>("template-list"));
   Table.push_back(Plain<MabRixSAXHandlerWorkspaceListQueryResult>("workspace-list"));
   Table.push_back(Plain<MabRixSAXHandlerWorkspaceVaultListQueryResult>("vault-list"));
+  Table.push_back(
+      {"xml-string-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+         return Make<MabRixSAXHandlerXMLStringList>(iParent, ElementName(ioOptions));
+       }});
+  Table.push_back(
+      {"xml-string-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+         if (ioOptions.Flag())
+           return Make<MabRixSAXHandlerXMLStringMap>(iParent);
+         const KelUnicodeString Key = ElementName(ioOptions);
+         return Make<MabRixSAXHandlerXMLStringMap>(iParent, Key, ElementName(ioOptions));
+       }});
+  Table.push_back(
+      {"xml-string-list-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+         return Make<MabRixSAXHandlerXMLStringListMap>(iParent, ioOptions.Separator());
+       }});
+  Table.push_back(Plain<MabRixSAXHandlerFailure>("failure"));
+  Table.push_back(Plain<MabRixSAXHandlerSavedQueryResult>("saved-query"));
+  Table.push_back({"ui-element", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+                     return Make<MabRixSAXHandlerUIElementQueryResult>(iParent, ElementName(ioOptions));
+                   }});
+  Table.push_back({"object-details", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&,
+                                        MabRixBorrowed& ioBorrowed) {
+                     MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
+                     return Make<MabRixSAXHandlerObjectDetailsList>(iParent, pContext);
+                   }});
   return Table;
 }
 
