@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "KelCheck.h"
 #include "KelError.h"
@@ -57,14 +58,10 @@ std::string ManySiblings(std::size_t iCount)
 
 // Reads every shape with both answers; returns 0 when nothing escaped but
 // the errors the protocol allows.
-int ReadShapes(const MabRixHandlerEntry& iEntry, std::size_t iSize)
+int ReadShapes(const MabRixHandlerEntry& iEntry, const std::vector<std::string>& iShapes)
 {
-  const std::string Shapes[] = {
-      Nested("cadobject", iSize), Nested("row", iSize), Nested("attribute", iSize),
-      ManyAttributes("cadobject", iSize / 5), ManyAttributes("row", iSize / 5), ManySiblings(iSize / 10),
-      "<r>" + std::string(iSize * 50, 't') + "</r>"};
   for (int Answer : {0, 1})
-    for (const std::string& Shape : Shapes)
+    for (const std::string& Shape : iShapes)
     {
       CountingReporter Reporter(Answer);
       MabRixThrowingFatalHandler FatalHandler;
@@ -83,11 +80,11 @@ int ReadShapes(const MabRixHandlerEntry& iEntry, std::size_t iSize)
   return 0;
 }
 
-void CheckEveryHandler(std::size_t iSize, long iBudgetMiB, unsigned iTimeOut)
+void CheckEveryHandler(const std::vector<std::string>& iShapes, long iBudgetMiB, unsigned iTimeOut)
 {
   for (const MabRixHandlerEntry& Entry : MabRixHandlerTable())
   {
-    const MabRixBoundedResult Run = MabRixRunBounded([&] { return ReadShapes(Entry, iSize); }, iTimeOut);
+    const MabRixBoundedResult Run = MabRixRunBounded([&] { return ReadShapes(Entry, iShapes); }, iTimeOut);
     EXPECT_TRUE(Run._Exited && Run._ExitCode == 0) << Entry._Name << ": " << Run.Describe();
     EXPECT_LT(Run._PeakKiB, MabRixMemoryBudgetKiB(iBudgetMiB)) << Entry._Name << ": " << Run.Describe();
   }
@@ -96,10 +93,14 @@ void CheckEveryHandler(std::size_t iSize, long iBudgetMiB, unsigned iTimeOut)
 
 TEST(MabRixHostileShapes, EveryHandlerSurvivesThem)
 {
-  CheckEveryHandler(10000, 256, 120);
+  const std::size_t Size = 10000;
+  CheckEveryHandler({Nested("cadobject", Size), Nested("row", Size), Nested("attribute", Size),
+                     ManyAttributes("cadobject", Size / 5), ManyAttributes("row", Size / 5), ManySiblings(Size / 10),
+                     "<r>" + std::string(Size * 50, 't') + "</r>"},
+                    256, 120);
 }
 
 TEST(MabRixHostileShapesHeavy, EveryHandlerSurvivesAMillionNestedElements)
 {
-  CheckEveryHandler(1000000, 2048, 600);
+  CheckEveryHandler({Nested("cadobject", 1000000)}, 2048, 600);
 }
