@@ -84,6 +84,7 @@ RixsaxCommandLine RixsaxParseCommandLine(int iArgc, const char* const* iArgv)
   const std::vector<std::string> Booleans = {"true", "false"};
 
   pRead->add_option("HANDLER FILE", Arguments, "Handler name and file, repeated; the steps share one context")
+      ->type_name("")
       ->required();
   pRead->add_option("--at", Options._At, "Start the handler at the first element of this name")
       ->type_name("ELEMENT");
