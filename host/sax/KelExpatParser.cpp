@@ -132,23 +132,28 @@ struct KelExpatCallbacks
   {
     KelExpatParser* pParser = static_cast<KelExpatParser*>(ipData);
     pParser->_pAttributes->Set(ipAttributes);
+    pParser->_EventName = iName;
     Deliver(pParser, "StartElement", iName, [&](KelISAXDocumentHandler& ioHandler) {
-      return ioHandler.StartElement(KelUnicodeString(iName), pParser->_spAttributes);
+      return ioHandler.StartElement(pParser->_EventName, pParser->_spAttributes);
     });
     pParser->_pAttributes->Set(nullptr);
   }
 
   static void XMLCALL OnEndElement(void* ipData, const XML_Char* iName)
   {
-    Deliver(static_cast<KelExpatParser*>(ipData), "EndElement", iName,
-            [&](KelISAXDocumentHandler& ioHandler) { return ioHandler.EndElement(KelUnicodeString(iName)); });
+    KelExpatParser* pParser = static_cast<KelExpatParser*>(ipData);
+    pParser->_EventName = iName;
+    Deliver(pParser, "EndElement", iName,
+            [&](KelISAXDocumentHandler& ioHandler) { return ioHandler.EndElement(pParser->_EventName); });
   }
 
   static void XMLCALL OnCharacters(void* ipData, const XML_Char* iText, int iLength)
   {
-    Deliver(static_cast<KelExpatParser*>(ipData), "Characters", "", [&](KelISAXDocumentHandler& ioHandler) {
-      return ioHandler.Characters(KelUnicodeString(iText, static_cast<std::size_t>(iLength)));
-    });
+    KelExpatParser* pParser = static_cast<KelExpatParser*>(ipData);
+    pParser->_EventText.Clear();
+    pParser->_EventText.AppendBytes(iText, static_cast<std::size_t>(iLength));
+    Deliver(pParser, "Characters", "",
+            [&](KelISAXDocumentHandler& ioHandler) { return ioHandler.Characters(pParser->_EventText); });
   }
 
   static void XMLCALL OnProcessingInstruction(void* ipData, const XML_Char* iTarget, const XML_Char* iData)

@@ -142,6 +142,10 @@ private:
   std::size_t _Stalled = 0;     // bytes given to expat since its last event
   std::vector<char> _Pending;   // input gathered while a large token is open
   std::function<void(const KelISAXDocumentHandler_var&)> _Observer;
+  // The name or text of the event being delivered. Reused from event to
+  // event, so delivering one allocates nothing once they have grown.
+  KelUnicodeString _EventName;
+  KelUnicodeString _EventText;
 };
 
 typedef KelVar<KelExpatParser> KelExpatParser_var;
