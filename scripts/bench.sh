@@ -58,6 +58,17 @@ done
 "$bin/rixgen" overwrite-file-list --bytes 1G --distinct 1000 --stats 2>"$out/overwrite-1g.stats" |
   "$bin/rixmem" overwrite-file-list - | sed 's/^kind overwrite-file-list/kind overwrite-file-list-1g/' >>"$out/memory.txt"
 
+# The same two measurements through the command-line reader, rixsax.
+rixsax=build/bench/tools/rixsax/rixsax
+if [ -x "$rixsax" ]; then
+  "$bin/rixgen" overwrite-file-list --bytes 1G --distinct 1000 |
+    /usr/bin/time -f 'kind rixsax-overwrite-file-list-1g peak_rss_kib %M' -a -o "$out/memory.txt" \
+      "$rixsax" read overwrite-file-list - --at overwritefilelist --format summary >"$out/rixsax-overwrite.txt"
+  "$bin/rixgen" object-list --count "$largest" |
+    /usr/bin/time -f 'kind rixsax-object-list peak_rss_kib %M' -a -o "$out/memory.txt" \
+      "$rixsax" read object-list - --at objectlist --format summary >"$out/rixsax-object-list.txt"
+fi
+
 python3 scripts/bench_report.py --results "$out" --load-before "$load_before" --load-after "$load_after" \
   --command "scripts/bench.sh --sizes $sizes" >docs/performance.md
 echo "docs/performance.md written"

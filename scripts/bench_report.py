@@ -227,6 +227,17 @@ def main():
         limit = CONTEXT_FACTOR * heap + CONTEXT_SLACK
         w("| object-list, %s objects: peak < 1.3 x context + 16 MiB | %.1f MiB (limit %.1f MiB) | %s |" %
           (fmt(int(m["entries"])), peak / MiB, limit / MiB, verdict(peak < limit)))
+    m = memory.get("rixsax-overwrite-file-list-1g")
+    if m:
+        peak = int(m["peak_rss_kib"]) * 1024
+        w("| the same through `rixsax read overwrite-file-list -`: peak < 32 MiB | %.1f MiB | %s |" %
+          (peak / MiB, verdict(peak < OVERWRITE_1G_TARGET)))
+    m, base = memory.get("rixsax-object-list"), memory.get("object-list")
+    if m and base:
+        peak, heap = int(m["peak_rss_kib"]) * 1024, int(base["result_heap_bytes"])
+        limit = CONTEXT_FACTOR * heap + CONTEXT_SLACK
+        w("| the same through `rixsax read object-list -` (context size from rixmem) | %.1f MiB (limit %.1f MiB) | %s |"
+          % (peak / MiB, limit / MiB, verdict(peak < limit)))
     w("")
 
     missed = []
