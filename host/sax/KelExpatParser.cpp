@@ -209,6 +209,14 @@ KelExpatParser::~KelExpatParser()
 
 HRESULT KelExpatParser::SetDocumentHandler(const KelISAXDocumentHandler_var& iHandler)
 {
+  // Clearing the handler with no document in progress lets it go as the
+  // end of a document would.
+  if (!iHandler && !_Started && !!_spHandler)
+  {
+    const bool Over = _Over;
+    EndParse();
+    _Over = Over;
+  }
   _spHandler = iHandler;
   if (_Observer)
     _Observer(_spHandler);

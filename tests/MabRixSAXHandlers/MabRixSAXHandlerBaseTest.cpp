@@ -78,14 +78,16 @@ TEST(MabRixSAXHandlerBase, ParserConstructorHoldsTheParserAndHasNoParent)
   EXPECT_EQ(spParser->GetRefCount(), 1u);
 }
 
-TEST(MabRixSAXHandlerBase, ParentConstructorSharesTheParserAndHoldsTheParent)
+TEST(MabRixSAXHandlerBase, ParentConstructorSharesTheParserAndHoldsTheParentWhileActive)
 {
   KelISAXParser_var spParser = KelISAXParser_var::Adopt(new MabRixScriptedParser());
   KelVar<MabRixSAXHandlerBase> spRoot = KelVar<MabRixSAXHandlerBase>::Adopt(new MabRixSAXHandlerBase(spParser));
   {
     KelVar<MabRixSAXHandlerBase> spChild = KelVar<MabRixSAXHandlerBase>::Adopt(new MabRixSAXHandlerBase(*spRoot));
-    EXPECT_EQ(spRoot->GetRefCount(), 2u);
+    EXPECT_EQ(spRoot->GetRefCount(), 1u);  // not started: no count, no cycle
     EXPECT_EQ(spParser->GetRefCount(), 3u);
+    spChild->StartHandlingEvents("a", nullptr);
+    EXPECT_EQ(spRoot->GetRefCount(), 2u);
     EXPECT_EQ(spChild->GetParentHandler(), static_cast<MabIRixSAXHandler*>(spRoot.Get()));
     KelISAXParser_var spShared;
     EXPECT_EQ(spChild->GetParser(spShared), S_OK);
@@ -360,4 +362,22 @@ TEST(MabRixSAXHandlerBase, InterfaceSlotsReachTheHandlersMembers)
   MabIRixSAXHandler_var spBoolean = MabIRixSAXHandler_var::Adopt(CreateTIEMabIRixSAXHandlerMabRixSAXHandlerBoolean(*pBoolean));
   EXPECT_STREQ(spBoolean->IsA(), "MabRixSAXHandlerBoolean");
   EXPECT_EQ(KelImplCast<MabRixSAXHandlerBoolean>(spBoolean.Get()), pBoolean);
+}
+
+TEST(MabRixSAXHandlerBase, ChildThatCannotStartLeavesNoCycleWithItsParent)
+{
+  MabRixLifeCount Roots, Children;
+  MabRixScriptedParser* pParser = new MabRixScriptedParser();
+  pParser->_Result = E_FAIL;
+  KelISAXParser_var spParser = KelISAXParser_var::Adopt(pParser);
+  {
+    KelVar<MabRixProbeRoot> spRoot = KelVar<MabRixProbeRoot>::Adopt(
+        new MabRixProbeRoot(spParser, "v", MabRixMakeCounted<MabRixSAXHandlerBase>(Children), &Roots));
+    EXPECT_EQ(spRoot->StartElement("v", nullptr), E_FAIL);
+    ASSERT_FALSE(!spRoot->GetChildHandler());
+    EXPECT_EQ(spRoot->GetRefCount(), 1u);
+  }
+  EXPECT_EQ(Roots.Alive(), 0);
+  EXPECT_EQ(Children._Built, 1);
+  EXPECT_EQ(Children.Alive(), 0);
 }

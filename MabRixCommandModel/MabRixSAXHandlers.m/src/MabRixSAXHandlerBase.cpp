@@ -6,10 +6,11 @@
 
 MabRixImplementHandler(MabRixSAXHandlerBase, KelSAXHandlerBase)
 
+// Not counted yet: a child that never starts (its start failed, or nobody
+// started it) must not keep its parent alive, nor be kept by it in a cycle.
 MabRixParentHandlerRef::MabRixParentHandlerRef(MabRixSAXHandlerBase& iParent)
-    : _p(&iParent), _Alive(iParent._spAliveToken), _Counted(true)
+    : _p(&iParent), _Alive(iParent._spAliveToken)
 {
-  _p->AddRef();
 }
 
 MabRixParentHandlerRef::~MabRixParentHandlerRef() { Loosen(); }
@@ -72,8 +73,12 @@ HRESULT MabRixSAXHandlerBase::StartHandlingEvents(const KelUnicodeString& iName,
 {
   if (!KelCheck(!!_spSAXParser && !!_spParentHandler))
     return E_FAIL;
+  // Counted before the switch: the parser may let go of the parent when it
+  // takes this handler, and the active handler keeps it alive from then on.
   _spParentHandler.Tighten();
   const HRESULT hr = _spSAXParser->SetDocumentHandler(KelISAXDocumentHandler_var(this));
+  if (FAILED(hr))
+    _spParentHandler.Loosen();
   _ElementName = iName;
   _Depth = 0;
   return hr;

@@ -3,6 +3,8 @@
 #include <thread>
 
 #include "KelError.h"
+#include "KelExpatParser.h"
+#include "KelSAXHandlerBase.h"
 #include "MabRixTestSupport.h"
 
 TEST(KelError, KeepsKeyCatalogAndParameters)
@@ -153,5 +155,38 @@ TEST(KelError, UnexpectedResultPassesAPendingErrorsCodeOn)
   const MabRixLastError Last = MabRixGetLastError();
   EXPECT_EQ(Last._Key, "Pending");
   EXPECT_EQ(Last._File, "first");
+  KelError::KelCleanLastError();
+}
+
+namespace
+{
+// Fails its first element with the unexpected-error result.
+class KelRaisingHandler : public KelSAXHandlerBase
+{
+public:
+  HRESULT StartElement(const KelUnicodeString&, const KelISAXAttributeList_var&) override
+  {
+    _Line = __LINE__ + 1;
+    return MabRixRaiseUnexpected(E_UNEXPECTED);
+  }
+  int _Line = 0;
+};
+}  // namespace
+
+TEST(KelError, LastErrorIsReadableAfterAParse)
+{
+  KelError::KelCleanLastError();
+  KelExpatParser_var spParser = KelExpatParser_var::Adopt(new KelExpatParser());
+  KelVar<KelRaisingHandler> spHandler = KelVar<KelRaisingHandler>::Adopt(new KelRaisingHandler());
+  spParser->SetDocumentHandler(KelISAXDocumentHandler_var(spHandler.Get()));
+  const HRESULT hr = spParser->Parse(std::string("<a/>"));
+  EXPECT_EQ(hr, E_FAIL);
+  const MabRixLastError Last = MabRixGetLastError();
+  ASSERT_TRUE(Last._Present);
+  EXPECT_EQ(Last._Key, "Unexpected");
+  EXPECT_EQ(Last._Catalog, "MabRixIntegration");
+  EXPECT_EQ(Last._Message, "An unexpected error occurred while reading the server response.");
+  EXPECT_EQ(Last._File, __FILE__);
+  EXPECT_EQ(Last._Line, spHandler->_Line);
   KelError::KelCleanLastError();
 }
