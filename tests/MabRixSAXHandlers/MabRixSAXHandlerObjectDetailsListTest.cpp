@@ -630,16 +630,19 @@ TEST(MabRixSAXHandlerObjectDetailsList, TypeOrStateTextWithoutObjectOrMajorObjec
 {
   MabRixCADObjectContext Context;
   Context.CreateMinorObject("", "")->Release();  // a minor object alone
-  DirectHandler Handler(&Context);
   for (const char* Element : {"Type", "State", "Lock", "LockedBy"})
   {
     KelError::KelCleanLastError();
-    Handler->StartElement(Element, MabRixTestAttributeList::Make());
-    EXPECT_EQ(Handler->Value(Text("t")), E_FAIL) << Element;
+    const std::string Name = Element;
+    const MabRixTestReading Reading = ReadDetails("<l><" + Name + ">t</" + Name + "></l>", Context);
+    std::string Failed;
+    EXPECT_EQ(FirstFailure(Reading, &Failed), E_FAIL) << Element;
+    EXPECT_EQ(Failed, Name);  // the string handler's end passes the failure on
     ExpectUnexpectedError();
   }
-  // The minor object took the first text of each element all the same.
+  // The minor object took the text of each element all the same.
   EXPECT_EQ(MabRixFindMinorObject(Context, "", "")->_ElementValues.Size(), 4);
+  EXPECT_TRUE(Context.GetObjects().empty());
 }
 
 TEST(MabRixSAXHandlerObjectDetailsList, RaisedErrorKeepsTheFirstFailuresCode)
