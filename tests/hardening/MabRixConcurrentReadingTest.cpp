@@ -33,17 +33,17 @@ TEST(MabRixConcurrentReading, EightThreadsReadLikeOne)
   for (const MabRixResponseFile& File : Files)
     Expected.push_back(ReadOnThisThread(File, 0));
 
-  const int Threads = 8, Rounds = 100;
+  const std::size_t Threads = 8;
+  const int Rounds = 100;
   std::vector<std::vector<std::string>> Mismatches(Threads);
   std::vector<std::thread> Workers;
-  for (int t = 0; t < Threads; ++t)
+  for (std::size_t t = 0; t < Threads; ++t)
     Workers.emplace_back([&, t] {
-      // Each thread starts at another response and feeds in other pieces.
+      // Each thread reads its own share of the responses, fed in its own pieces.
       for (int Round = 0; Round < Rounds; ++Round)
-        for (std::size_t i = 0; i < Files.size(); ++i)
+        for (std::size_t At = static_cast<std::size_t>(t); At < Files.size(); At += Threads)
         {
-          const std::size_t At = (i + static_cast<std::size_t>(t) * 3) % Files.size();
-          const std::size_t Chunk = static_cast<std::size_t>((t + Round) % 4) * 5;
+          const std::size_t Chunk = (t + static_cast<std::size_t>(Round)) % 4 * 5;
           const std::string Got = ReadOnThisThread(Files[At], Chunk);
           if (Got != Expected[At] && Mismatches[t].size() < 5)
             Mismatches[t].push_back(Files[At]._Path + " (chunk " + std::to_string(Chunk) + "):\n" + Got +
@@ -52,7 +52,7 @@ TEST(MabRixConcurrentReading, EightThreadsReadLikeOne)
     });
   for (std::thread& Worker : Workers)
     Worker.join();
-  for (int t = 0; t < Threads; ++t)
+  for (std::size_t t = 0; t < Threads; ++t)
     for (const std::string& Mismatch : Mismatches[t])
       ADD_FAILURE() << "thread " << t << ": " << Mismatch;
 }

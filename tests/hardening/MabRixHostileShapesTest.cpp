@@ -93,7 +93,7 @@ void CheckEveryHandler(const std::vector<std::string>& iShapes, long iBudgetMiB,
 
 TEST(MabRixHostileShapes, EveryHandlerSurvivesThem)
 {
-  const std::size_t Size = 10000;
+  const std::size_t Size = 4000;
   CheckEveryHandler({Nested("cadobject", Size), Nested("row", Size), Nested("attribute", Size),
                      ManyAttributes("cadobject", Size / 5), ManyAttributes("row", Size / 5), ManySiblings(Size / 10),
                      "<r>" + std::string(Size * 50, 't') + "</r>"},

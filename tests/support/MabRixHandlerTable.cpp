@@ -26,6 +26,11 @@
 #include "MabERixMajorObject.h"
 #include "MabERixObject.h"
 #include "MabRixCADObjectContext.h"
+#include "MabRixSAXHandlerObjectAttribute.h"
+#include "MabRixSAXHandlerObjectList.h"
+#include "MabRixSAXHandlerRelationshipList.h"
+#include "MabRixSAXHandlerStructure.h"
+#include "MabRixTNRObjectContext.h"
 #include "MabRixStringMapValueFormat.h"
 #include "MabRixStringListMapValueFormat.h"
 #include "MabRixStringListMapValue.h"
@@ -138,6 +143,14 @@ MabRixCADObjectContext*& CADContext(MabRixBorrowed& ioBorrowed)
   return ioBorrowed.Own(new MabRixCADObjectContext*(&Context));
 }
 
+// A type/name/revision object context lent the same way.
+MabRixTNRObjectContext*& TNRContext(MabRixBorrowed& ioBorrowed)
+{
+  MabRixTNRObjectContext& Context = ioBorrowed.Adopt(new MabRixTNRObjectContext());
+  ioBorrowed._Describe = [&Context] { return DescribeContext(Context); };
+  return ioBorrowed.Own(new MabRixTNRObjectContext*(&Context));
+}
+
 // New entries go at the end: the fuzz corpus names handlers by position.
 std::vector<MabRixHandlerEntry> BuildTable()
 {
@@ -192,6 +205,22 @@ std::vector<MabRixHandlerEntry> BuildTable()
                                         MabRixBorrowed& ioBorrowed) {
                      MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
                      return Make<MabRixSAXHandlerObjectDetailsList>(iParent, pContext);
+                   }});
+  Table.push_back(Plain<MabRixSAXHandlerObjectAttribute>("object-attribute"));
+  Table.push_back({"object-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed& ioBorrowed) {
+                     MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
+                     return Make<MabRixSAXHandlerObjectList>(iParent, pContext);
+                   }});
+  Table.push_back({"relationship-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&,
+                                           MabRixBorrowed& ioBorrowed) {
+                     MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
+                     return Make<MabRixSAXHandlerRelationshipList>(iParent, pContext);
+                   }});
+  Table.push_back({"structure", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions,
+                                   MabRixBorrowed& ioBorrowed) {
+                     const int RootLevel = ioOptions.Byte() % 4 - 1;
+                     MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
+                     return Make<MabRixSAXHandlerStructure>(iParent, pContext, RootLevel);
                    }});
   return Table;
 }
