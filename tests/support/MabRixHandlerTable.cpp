@@ -20,6 +20,7 @@
 #include "MabRixSAXHandlerXMLStringListMap.h"
 #include "MabRixSAXHandlerXMLStringMap.h"
 #include "MabRixSAXHandlerFailure.h"
+#include "MabRixSAXHandlerLockUnlockExObjectDetailsList.h"
 #include "MabRixSAXHandlerObjectDetailsList.h"
 #include "MabRixSAXHandlerSavedQueryResult.h"
 #include "MabRixSAXHandlerUIElementQueryResult.h"
@@ -221,6 +222,14 @@ std::vector<MabRixHandlerEntry> BuildTable()
                      const int RootLevel = ioOptions.Byte() % 4 - 1;
                      MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
                      return Make<MabRixSAXHandlerStructure>(iParent, pContext, RootLevel);
+                   }});
+  // The outcome is TRUE unless the options say otherwise, as the command
+  // layer's default.
+  Table.push_back({"lock-unlock", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions,
+                                     MabRixBorrowed& ioBorrowed) {
+                     const unsigned char LockUnlockSuccess = ioOptions.Flag() ? FALSE : TRUE;
+                     MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
+                     return Make<MabRixSAXHandlerLockUnlockExObjectDetailsList>(iParent, pContext, LockUnlockSuccess);
                    }});
   return Table;
 }

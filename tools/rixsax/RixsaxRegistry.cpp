@@ -4,6 +4,7 @@
 #include "MabRixSAXHandlerBoolean.h"
 #include "MabRixSAXHandlerCollectionListQueryResult.h"
 #include "MabRixSAXHandlerFailure.h"
+#include "MabRixSAXHandlerLockUnlockExObjectDetailsList.h"
 #include "MabRixSAXHandlerObjectAttribute.h"
 #include "MabRixSAXHandlerObjectDetailsList.h"
 #include "MabRixSAXHandlerObjectList.h"
@@ -126,6 +127,12 @@ const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
       {"object-details", "MabRixSAXHandlerObjectDetailsList",
        "an object-details list into the CAD context (--can-resolve-uuid-conflict lends a response)",
        RixsaxUsesCADContext, MakeObjectDetails},
+      {"lock-unlock", "MabRixSAXHandlerLockUnlockExObjectDetailsList",
+       "a lock or unlock answer into the CAD context, with the outcome --lock-success", RixsaxUsesCADContext,
+       [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
+         const unsigned char Success = ioSession.Options()._LockSuccess ? TRUE : FALSE;
+         return Make<MabRixSAXHandlerLockUnlockExObjectDetailsList>(iParent, ioSession.CADContext(), Success);
+       }},
       {"overwrite-file-list", "MabRixSAXHandlerOverwriteFileList", "filedetails elements into a map of busid to file",
        RixsaxNoContext, ParentOnly<MabRixSAXHandlerOverwriteFileList>()},
       {"collection-list", "MabRixSAXHandlerCollectionListQueryResult",
