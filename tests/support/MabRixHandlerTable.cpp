@@ -8,6 +8,8 @@
 #include "MabRixSAXHandlerAttribute.h"
 #include "MabRixSAXHandlerBoolean.h"
 #include "MabRixSAXHandlerCollectionListQueryResult.h"
+#include "MabRixSAXHandlerCustomQueryResult.h"
+#include "MabRixCustomQueryResultValue.h"
 #include "MabRixSAXHandlerOverwriteFileList.h"
 #include "MabRixSAXHandlerString.h"
 #include "MabRixSAXHandlerStringList.h"
@@ -231,6 +233,8 @@ std::vector<MabRixHandlerEntry> BuildTable()
                      MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
                      return Make<MabRixSAXHandlerLockUnlockExObjectDetailsList>(iParent, pContext, LockUnlockSuccess);
                    }});
+  // Its objects go to the context its value carries, not to a borrowed one.
+  Table.push_back(Plain<MabRixSAXHandlerCustomQueryResult>("custom-query"));
   return Table;
 }
 
@@ -277,6 +281,8 @@ std::string MabRixDescribeValue(const MabIRixValue_var& iValue)
     }
   else if (const MabRixAttributeValue* pAttribute = MabRixValueAs<MabRixAttributeValue>(iValue))
     Text += " " + Quote(pAttribute->_Name) + " (" + MabRixDescribeValue(pAttribute->_Value) + ")";
+  else if (const MabRixCustomQueryResultValue* pQuery = MabRixValueAs<MabRixCustomQueryResultValue>(iValue))
+    Text += pQuery->GetObjectContext() ? " " + DescribeContext(*pQuery->GetObjectContext()) : " no context";
   return Text;
 }
 

@@ -3,6 +3,7 @@
 #include "MabRixSAXHandlerAttribute.h"
 #include "MabRixSAXHandlerBoolean.h"
 #include "MabRixSAXHandlerCollectionListQueryResult.h"
+#include "MabRixSAXHandlerCustomQueryResult.h"
 #include "MabRixSAXHandlerFailure.h"
 #include "MabRixSAXHandlerLockUnlockExObjectDetailsList.h"
 #include "MabRixSAXHandlerObjectAttribute.h"
@@ -138,6 +139,9 @@ const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
       {"collection-list", "MabRixSAXHandlerCollectionListQueryResult",
        "collection rows into a map of name to description", RixsaxNoContext,
        ParentOnly<MabRixSAXHandlerCollectionListQueryResult>()},
+      {"custom-query", "MabRixSAXHandlerCustomQueryResult",
+       "custom query rows into objects, revisions and versions of the result's own TNR context", RixsaxNoContext,
+       ParentOnly<MabRixSAXHandlerCustomQueryResult>()},
       {"saved-query", "MabRixSAXHandlerSavedQueryResult", "a saved query's name, description and criteria",
        RixsaxNoContext, ParentOnly<MabRixSAXHandlerSavedQueryResult>()},
       {"template-list", "MabRixSAXHandlerTemplateListQueryResult", "template rows by OID", RixsaxNoContext,

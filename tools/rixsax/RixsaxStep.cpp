@@ -10,6 +10,7 @@
 #include "RixsaxRegistry.h"
 #include "RixsaxRootHandler.h"
 #include "RixsaxSession.h"
+#include "RixsaxValueJson.h"
 
 namespace
 {
@@ -111,8 +112,10 @@ std::optional<RixsaxErrorRecord> LastError()
   return Record;
 }
 
-// The contexts the handler borrowed, as they stand after the step.
-RixsaxContextCounts CountContexts(RixsaxSession& iSession, unsigned iContexts)
+// The contexts the handler borrowed, as they stand after the step, and those
+// its values carry.
+RixsaxContextCounts CountContexts(RixsaxSession& iSession, unsigned iContexts,
+                                  const std::vector<MabIRixValue_var>& iValues)
 {
   RixsaxContextCounts Counts;
   const auto Add = [&Counts](const MabRixObjectContext* ipContext) {
@@ -129,6 +132,8 @@ RixsaxContextCounts CountContexts(RixsaxSession& iSession, unsigned iContexts)
     Add(iSession.UsedTNRContext());
   if (iContexts & RixsaxUsesCADContext)
     Add(iSession.UsedCADContext());
+  for (const MabIRixValue_var& Value : iValues)
+    Add(RixsaxValueContext(Value));
   return Counts;
 }
 
@@ -204,6 +209,6 @@ RixsaxStepRecord RixsaxRunStep(RixsaxSession& ioSession, const RixsaxHandlerEntr
   // Only the failure handler has a response; every other one answers E_FAIL.
   if (MabIRixSAXHandler_var spHandler = spRoot->Handler(); spHandler && FAILED(spHandler->GetResponse(Record._spResponse)))
     Record._spResponse = nullptr;
-  Record._ContextCounts = CountContexts(ioSession, iEntry._Contexts);
+  Record._ContextCounts = CountContexts(ioSession, iEntry._Contexts, Record._Values);
   return Record;
 }

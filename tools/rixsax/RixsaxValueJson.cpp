@@ -8,6 +8,7 @@
 #include "MabIRixFailureResponse.h"
 #include "MabRixAttributeValue.h"
 #include "MabRixBooleanValue.h"
+#include "MabRixCustomQueryResultValue.h"
 #include "MabRixObjectAttributeValue.h"
 #include "MabRixSavedQueryRecord.h"
 #include "MabRixSavedQueryResultValue.h"
@@ -19,6 +20,7 @@
 #include "MabRixUIElementQueryResultValue.h"
 #include "MabRixWorkspaceListQueryResultValue.h"
 #include "MabRixWorkspaceVaultListQueryResultValue.h"
+#include "RixsaxContextJson.h"
 
 namespace
 {
@@ -145,6 +147,15 @@ const std::vector<ValueWriter>& Writers()
           [](const MabRixObjectAttributeValue& iValue) {
             return static_cast<std::size_t>(iValue._ElementValues.Size() + iValue._Attributes.Size());
           }),
+      // Its rows are objects of its own context: the summary counts them
+      // with the objects, not as entries.
+      Writer<MabRixCustomQueryResultValue>(
+          "MabRixCustomQueryResultValue",
+          [](const MabRixCustomQueryResultValue& iValue, RixsaxJson& oJson) {
+            const MabRixTNRObjectContext* pContext = iValue.GetObjectContext();
+            oJson["context"] = pContext ? RixsaxTNRContextJson(*pContext) : RixsaxJson(nullptr);
+          },
+          NoEntries<MabRixCustomQueryResultValue>),
       Writer<MabRixTemplateQueryResultValue>(
           "MabRixTemplateQueryResultValue",
           [](const MabRixTemplateQueryResultValue& iValue, RixsaxJson& oJson) {
@@ -226,6 +237,14 @@ std::size_t RixsaxValueEntryCount(const MabIRixValue_var& iValue)
     return 0;
   const ValueWriter* pWriter = FindWriter(*iValue->GetImpl());
   return pWriter ? pWriter->_Count(*iValue->GetImpl()) : 0;
+}
+
+const MabRixTNRObjectContext* RixsaxValueContext(const MabIRixValue_var& iValue)
+{
+  if (!iValue)
+    return nullptr;
+  const MabRixCustomQueryResultValue* pValue = KelImplCast<const MabRixCustomQueryResultValue>(iValue.Get());
+  return pValue ? pValue->GetObjectContext() : nullptr;
 }
 
 RixsaxJson RixsaxResponseJson(const MabIRixResponse_var& iResponse)

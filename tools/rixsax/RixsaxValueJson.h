@@ -10,11 +10,16 @@
 #include "MabIRixValue.h"
 #include "RixsaxJsonBasics.h"
 
+class MabRixTNRObjectContext;
+
 // null for a null value.
 RixsaxJson RixsaxValueJson(const MabIRixValue_var& iValue);
 // Number of entries a value holds (items of a list, entries of a map, rows
 // of a query result); 0 for a scalar.
 std::size_t RixsaxValueEntryCount(const MabIRixValue_var& iValue);
+// The object context a value carries (that of a custom query result); null
+// for every other value.
+const MabRixTNRObjectContext* RixsaxValueContext(const MabIRixValue_var& iValue);
 // null for a null response.
 RixsaxJson RixsaxResponseJson(const MabIRixResponse_var& iResponse);
 
