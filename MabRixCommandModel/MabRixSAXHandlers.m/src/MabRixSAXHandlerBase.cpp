@@ -73,10 +73,13 @@ HRESULT MabRixSAXHandlerBase::StartHandlingEvents(const KelUnicodeString& iName,
 {
   if (!KelCheck(!!_spSAXParser && !!_spParentHandler))
     return E_FAIL;
+  // After a go-on answer a null parser throws the null-reference error here,
+  // before the parent is counted: a count taken then would never be let go.
+  KelISAXParser& Parser = *_spSAXParser;
   // Counted before the switch: the parser may let go of the parent when it
   // takes this handler, and the active handler keeps it alive from then on.
   _spParentHandler.Tighten();
-  const HRESULT hr = _spSAXParser->SetDocumentHandler(KelISAXDocumentHandler_var(this));
+  const HRESULT hr = Parser.SetDocumentHandler(KelISAXDocumentHandler_var(this));
   if (FAILED(hr))
     _spParentHandler.Loosen();
   _ElementName = iName;
