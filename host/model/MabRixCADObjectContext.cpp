@@ -10,12 +10,11 @@ MabERixMajorObject* MabRixCADObjectContext::CreateMajorObject(const KelUnicodeSt
   if (SUCCEEDED(pObject->GetContextCurrentRevision(Revision)))
     return NewReference(FindOrAddMajorObject(iType, iName, Revision));
 
-  const KelUnicodeString Key = MabRixObjectID(iType, iName).GetKey();
-  const auto Found = _PendingMajorIndex.find(Key);
+  const auto Found = _PendingMajorIndex.find(pObject);
   if (Found != _PendingMajorIndex.end())
     return NewReference(Found->second);
   MabERixMajorObject* pMajor = AddUnindexedMajorObject(*pObject, KelUnicodeString());
-  _PendingMajorIndex.emplace(Key, pMajor);
+  _PendingMajorIndex.emplace(pObject, pMajor);
   return NewReference(pMajor);
 }
 
@@ -36,7 +35,7 @@ HRESULT MabRixCADObjectContext::SetMajorRevision(const KelUnicodeString& iType, 
   pObject->_bHasContextCurrentRevision = true;
 
   // The major object made while no revision was known is this revision's.
-  const auto Pending = _PendingMajorIndex.find(MabRixObjectID(iType, iName).GetKey());
+  const auto Pending = _PendingMajorIndex.find(pObject);
   if (Pending == _PendingMajorIndex.end())
     return S_OK;
   MabERixMajorObject* pMajor = Pending->second;
@@ -52,13 +51,15 @@ HRESULT MabRixCADObjectContext::SetMajorRevision(const KelUnicodeString& iType, 
 MabERixMajorObject* MabRixCADObjectContext::FindCurrentMajorObject(const KelUnicodeString& iType,
                                                                    const KelUnicodeString& iName) const
 {
-  const KelUnicodeString Key = MabRixObjectID(iType, iName).GetKey();
-  const auto Pending = _PendingMajorIndex.find(Key);
+  // Every pending major object belongs to an object of the context.
+  const MabERixObject* pObject = FindObject(iType, iName);
+  if (!pObject)
+    return nullptr;
+  const auto Pending = _PendingMajorIndex.find(pObject);
   if (Pending != _PendingMajorIndex.end())
     return Pending->second;
-  const MabERixObject* pObject = FindObject(iType, iName);
   KelUnicodeString Revision;
-  if (!pObject || FAILED(pObject->GetContextCurrentRevision(Revision)))
+  if (FAILED(pObject->GetContextCurrentRevision(Revision)))
     return nullptr;
   return FindMajorObject(iType, iName, Revision);
 }

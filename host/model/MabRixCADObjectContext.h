@@ -11,6 +11,8 @@
 #ifndef MabRixCADObjectContext_h
 #define MabRixCADObjectContext_h
 
+#include <unordered_map>
+
 #include "MabRixObjectContext.h"
 
 class MabRixCADObjectContext : public MabRixObjectContext
@@ -39,8 +41,8 @@ public:
 private:
   MabERixMajorObject* FindCurrentMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName) const;
 
-  // Revision-less major objects by MabRixObjectID(type, name) key.
-  std::unordered_map<KelUnicodeString, MabERixMajorObject*> _PendingMajorIndex;
+  // Revision-less major objects by their object.
+  std::unordered_map<const MabERixObject*, MabERixMajorObject*> _PendingMajorIndex;
 };
 
 #endif

@@ -4,13 +4,6 @@ KelImplementClass(MabRixObjectContext, KelBaseUnknown, "KelSystem")
 
 namespace
 {
-template <class T>
-T* FindIn(const std::unordered_map<KelUnicodeString, T*>& iIndex, const KelUnicodeString& iKey)
-{
-  const auto Found = iIndex.find(iKey);
-  return Found != iIndex.end() ? Found->second : nullptr;
-}
-
 // Creates the entity, keeps it in iOwned (taking over the creation
 // reference) and returns it.
 template <class T, class... Args>
@@ -20,13 +13,24 @@ T* Keep(std::vector<KelVar<T>>& ioOwned, Args&&... iArgs)
   ioOwned.push_back(KelVar<T>::Adopt(pEntity));
   return pEntity;
 }
-}  // namespace
 
-KelUnicodeString MabRixObjectContext::MajorKey(const KelUnicodeString& iType, const KelUnicodeString& iName,
-                                               const KelUnicodeString& iRevision)
+std::size_t ObjectHash(const KelUnicodeString& iType, const KelUnicodeString& iName)
 {
-  return MabRixObjectID::ComposeKey({&iType, &iName, &iRevision});
+  return MabRixKeyHash({&iType, &iName});
 }
+
+std::size_t MajorHash(const KelUnicodeString& iType, const KelUnicodeString& iName, const KelUnicodeString& iRevision)
+{
+  return MabRixKeyHash({&iType, &iName, &iRevision});
+}
+
+std::size_t IDHash(const MabRixObjectID& iID) { return MabRixKeyHash({&iID.GetID(), &iID.GetType(), &iID.GetName()}); }
+
+bool HasKey(const MabERixEntity& iEntity, const KelUnicodeString& iType, const KelUnicodeString& iName)
+{
+  return iEntity.GetKeyType() == iType && iEntity.GetKeyName() == iName;
+}
+}  // namespace
 
 MabERixObject* MabRixObjectContext::CreateObject(const KelUnicodeString& iType, const KelUnicodeString& iName)
 {
@@ -52,16 +56,16 @@ KelBaseUnknown_var MabRixObjectContext::GetMinorObject(const MabRixObjectID& iID
 
 MabERixObject* MabRixObjectContext::FindObject(const KelUnicodeString& iType, const KelUnicodeString& iName) const
 {
-  return FindIn(_ObjectIndex, MabRixObjectID(iType, iName).GetKey());
+  return _ObjectIndex.Find(ObjectHash(iType, iName),
+                           [&](const MabERixObject& iObject) { return HasKey(iObject, iType, iName); });
 }
 
 MabERixObject* MabRixObjectContext::FindOrAddObject(const KelUnicodeString& iType, const KelUnicodeString& iName)
 {
-  const KelUnicodeString Key = MabRixObjectID(iType, iName).GetKey();
-  if (MabERixObject* pObject = FindIn(_ObjectIndex, Key))
+  if (MabERixObject* pObject = FindObject(iType, iName))
     return pObject;
   MabERixObject* pObject = Keep(_Objects, iType, iName);
-  _ObjectIndex.emplace(Key, pObject);
+  _ObjectIndex.Add(ObjectHash(iType, iName), pObject);
   return pObject;
 }
 
@@ -69,7 +73,9 @@ MabERixMajorObject* MabRixObjectContext::FindMajorObject(const KelUnicodeString&
                                                          const KelUnicodeString& iName,
                                                          const KelUnicodeString& iRevision) const
 {
-  return FindIn(_MajorIndex, MajorKey(iType, iName, iRevision));
+  return _MajorIndex.Find(MajorHash(iType, iName, iRevision), [&](const MabERixMajorObject& iMajor) {
+    return HasKey(iMajor, iType, iName) && iMajor.GetKeyRevision() == iRevision;
+  });
 }
 
 MabERixMajorObject* MabRixObjectContext::FindOrAddMajorObject(const KelUnicodeString& iType,
@@ -91,12 +97,12 @@ MabERixMajorObject* MabRixObjectContext::AddUnindexedMajorObject(MabERixObject& 
 
 void MabRixObjectContext::IndexMajorObject(MabERixMajorObject& iMajor)
 {
-  _MajorIndex.emplace(MajorKey(iMajor.GetKeyType(), iMajor.GetKeyName(), iMajor.GetKeyRevision()), &iMajor);
+  _MajorIndex.Add(MajorHash(iMajor.GetKeyType(), iMajor.GetKeyName(), iMajor.GetKeyRevision()), &iMajor);
 }
 
 MabERixMinorObject* MabRixObjectContext::FindMinorObject(const MabRixObjectID& iID) const
 {
-  return FindIn(_MinorIndex, iID.GetKey());
+  return _MinorIndex.Find(IDHash(iID), [&](const MabERixMinorObject& iMinor) { return iMinor.GetObjectID() == iID; });
 }
 
 MabERixMinorObject* MabRixObjectContext::FindOrAddMinorObject(const MabRixObjectID& iID,
@@ -108,18 +114,21 @@ MabERixMinorObject* MabRixObjectContext::FindOrAddMinorObject(const MabRixObject
   if (MabERixMinorObject* pMinor = FindMinorObject(iID))
     return pMinor;
   MabERixMinorObject* pMinor = Keep(_MinorObjects, iID, iType, iName, iRevision, iVersion);
-  _MinorIndex.emplace(iID.GetKey(), pMinor);
+  _MinorIndex.Add(IDHash(iID), pMinor);
   return pMinor;
 }
 
 MabERixRelationship* MabRixObjectContext::FindOrAddRelationship(const KelUnicodeString& iID,
                                                                 const KelUnicodeString& iKind)
 {
-  const KelUnicodeString Key = MabRixObjectID::ComposeKey({&iID, &iKind});
-  if (MabERixRelationship* pRelationship = FindIn(_RelationshipIndex, Key))
+  const std::size_t Hash = MabRixKeyHash({&iID, &iKind});
+  if (MabERixRelationship* pRelationship =
+          _RelationshipIndex.Find(Hash, [&](const MabERixRelationship& iRelationship) {
+            return iRelationship.GetID() == iID && iRelationship.GetKind() == iKind;
+          }))
     return pRelationship;
   MabERixRelationship* pRelationship = Keep(_Relationships, iID, iKind);
-  _RelationshipIndex.emplace(Key, pRelationship);
+  _RelationshipIndex.Add(Hash, pRelationship);
   return pRelationship;
 }
 
@@ -127,12 +136,14 @@ MabERixRelation* MabRixObjectContext::FindOrAddRelation(const MabRixObjectID& iF
                                                         const KelUnicodeString& iRelationshipID,
                                                         const MabRixObjectID& iTo)
 {
-  const KelUnicodeString From = iFrom.GetKey();
-  const KelUnicodeString To = iTo.GetKey();
-  const KelUnicodeString Key = MabRixObjectID::ComposeKey({&From, &iRelationshipID, &To});
-  if (MabERixRelation* pRelation = FindIn(_RelationIndex, Key))
+  const std::size_t Hash = MabRixKeyHash({&iFrom.GetID(), &iFrom.GetType(), &iFrom.GetName(), &iRelationshipID,
+                                          &iTo.GetID(), &iTo.GetType(), &iTo.GetName()});
+  if (MabERixRelation* pRelation = _RelationIndex.Find(Hash, [&](const MabERixRelation& iRelation) {
+        return iRelation.GetFromObjectID() == iFrom && iRelation.GetRelationshipID() == iRelationshipID &&
+               iRelation.GetToObjectID() == iTo;
+      }))
     return pRelation;
   MabERixRelation* pRelation = Keep(_Relations, iFrom, iRelationshipID, iTo);
-  _RelationIndex.emplace(Key, pRelation);
+  _RelationIndex.Add(Hash, pRelation);
   return pRelation;
 }

@@ -8,7 +8,6 @@
 #ifndef MabRixObjectContext_h
 #define MabRixObjectContext_h
 
-#include <unordered_map>
 #include <vector>
 
 #include "KelBaseUnknown.h"
@@ -19,6 +18,7 @@
 #include "MabERixObject.h"
 #include "MabERixRelation.h"
 #include "MabERixRelationship.h"
+#include "MabRixEntityIndex.h"
 #include "MabRixObjectID.h"
 
 class MabRixObjectContext : public KelBaseUnknown
@@ -81,21 +81,18 @@ protected:
   }
 
 private:
-  static KelUnicodeString MajorKey(const KelUnicodeString& iType, const KelUnicodeString& iName,
-                                   const KelUnicodeString& iRevision);
-
   std::vector<MabERixObject_var> _Objects;
   std::vector<MabERixMajorObject_var> _MajorObjects;
   std::vector<MabERixMinorObject_var> _MinorObjects;
   std::vector<MabERixRelationship_var> _Relationships;
   std::vector<MabERixRelation_var> _Relations;
 
-  // Keys to the entities above (borrowed pointers).
-  std::unordered_map<KelUnicodeString, MabERixObject*> _ObjectIndex;
-  std::unordered_map<KelUnicodeString, MabERixMajorObject*> _MajorIndex;
-  std::unordered_map<KelUnicodeString, MabERixMinorObject*> _MinorIndex;
-  std::unordered_map<KelUnicodeString, MabERixRelationship*> _RelationshipIndex;
-  std::unordered_map<KelUnicodeString, MabERixRelation*> _RelationIndex;
+  // The entities above by their keys (borrowed pointers).
+  MabRixEntityIndex<MabERixObject> _ObjectIndex;
+  MabRixEntityIndex<MabERixMajorObject> _MajorIndex;
+  MabRixEntityIndex<MabERixMinorObject> _MinorIndex;
+  MabRixEntityIndex<MabERixRelationship> _RelationshipIndex;
+  MabRixEntityIndex<MabERixRelation> _RelationIndex;
 };
 
 #endif

@@ -5,7 +5,7 @@
 
 KelUnicodeString MabRixObjectID::GetKey() const { return ComposeKey({&_ID, &_Type, &_Name}); }
 
-// Every lookup in a context composes a key: one allocation, no temporary.
+// One allocation, no temporary.
 KelUnicodeString MabRixObjectID::ComposeKey(std::initializer_list<const KelUnicodeString*> iParts)
 {
   std::size_t Size = 0;
