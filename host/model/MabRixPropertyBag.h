@@ -35,7 +35,7 @@ public:
     if (MabRixProperty* pProperty = Find(iName))
       pProperty->_Value = iValue;
     else
-      _Properties.push_back(MabRixProperty{iName, MabRixPropertyValue(iValue)});
+      Add(MabRixProperty{iName, MabRixPropertyValue(std::in_place_type<T>, iValue)});
     return S_OK;
   }
 
@@ -59,6 +59,8 @@ public:
 
 private:
   MabRixProperty* Find(const char* iName);
+  // Appends a property not set yet.
+  void Add(MabRixProperty&& iProperty);
   const MabRixProperty* Find(const char* iName) const;
 
   std::vector<MabRixProperty> _Properties;
