@@ -46,7 +46,8 @@ public:
 
   bool operator==(const KelUnicodeString& iOther) const { return _Text == iOther._Text; }
   bool operator!=(const KelUnicodeString& iOther) const { return _Text != iOther._Text; }
-  bool operator==(const char* iText) const { return _Text == (iText ? iText : ""); }
+  // Lengths first: against a literal the length is known at compile time.
+  bool operator==(const char* iText) const { return View() == std::string_view(iText ? iText : ""); }
   bool operator!=(const char* iText) const { return !(*this == iText); }
   bool operator<(const KelUnicodeString& iOther) const { return _Text < iOther._Text; }
 
