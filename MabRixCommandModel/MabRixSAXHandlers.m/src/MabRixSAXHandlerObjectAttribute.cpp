@@ -1,6 +1,7 @@
 #include "MabRixSAXHandlerObjectAttribute.h"
 
 #include <new>
+#include <string_view>
 
 #include "KelCheck.h"
 #include "MabRixAttributeValue.h"
@@ -61,7 +62,7 @@ HRESULT MabRixSAXHandlerObjectAttribute::Value(const MabIRixValue_var& iValue)
     (void)KelCheck(_pObjectAttributeValue);
     return E_FAIL;  // nowhere to keep the value, whatever the answer
   }
-  const KelUnicodeString Type = !!iValue ? iValue->GetImpl()->IsA() : "";
+  const std::string_view Type = !!iValue ? iValue->GetImpl()->IsA() : "";
   if (Type == "MabRixStringValue")
   {
     const MabRixStringValue* pValue = KelImplCast<MabRixStringValue>(iValue.Get());
@@ -98,7 +99,7 @@ void MabRixSAXHandlerObjectAttribute::KeepElementText(const KelUnicodeString& iT
 // Only string values are kept; false when the reporter refused another kind.
 bool MabRixSAXHandlerObjectAttribute::KeepAttribute(const MabRixAttributeValue& iAttribute)
 {
-  const KelUnicodeString MabIRixValue_Type = !!iAttribute._Value ? iAttribute._Value->GetImpl()->IsA() : "";
+  const std::string_view MabIRixValue_Type = !!iAttribute._Value ? iAttribute._Value->GetImpl()->IsA() : "";
   if (!KelCheck(MabIRixValue_Type == "MabRixStringValue"))
     return false;
   if (const MabRixStringValue* pString = KelImplCast<MabRixStringValue>(iAttribute._Value.Get()))

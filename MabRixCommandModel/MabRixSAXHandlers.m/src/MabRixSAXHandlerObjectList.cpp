@@ -1,6 +1,7 @@
 #include "MabRixSAXHandlerObjectList.h"
 
 #include <new>
+#include <utility>
 
 #include "KelError.h"
 #include "MabRixObjectAttributeValue.h"
@@ -86,9 +87,9 @@ HRESULT MabRixSAXHandlerObjectList::StartObject(const KelUnicodeString& iName,
 
 void MabRixSAXHandlerObjectList::ReadAttributes(KelISAXAttributeList& iAttributes, unsigned int iCount)
 {
+  KelUnicodeString Name, Value;  // their room is reused from one attribute to the next
   for (unsigned int i = 0; i < iCount; ++i)
   {
-    KelUnicodeString Name, Value;
     if (SUCCEEDED(iAttributes.GetName(i, Name)) && SUCCEEDED(iAttributes.GetValue(i, Value)))
       ReadAttribute(Name, Value);
   }
@@ -229,18 +230,20 @@ void MabRixSAXHandlerObjectList::Fill(MabERixObject& iObject, MabERixMajorObject
   iMajorObject._SetLockOwner(_Locker);
   iMajorObject._SetMajorOID(_ObjectID);
 
+  // The dictionaries are handed over: Flush empties them for the next object anyway.
   iMinorObject._SetThumbnail(_ThumbnailPath);
-  iMinorObject._ExtraAttributes = _ExtraAttributes;
+  iMinorObject._ExtraAttributes = std::move(_ExtraAttributes);
   iMinorObject._SetMinorType(_BusType);
   iMinorObject._SetMinorUUID(_UUID);
   iMinorObject._SetMinorOID(_BusID);
-  if (const KelUnicodeString* pOldName = _ExtraAttributes.Find("renamedfrom"); pOldName && !pOldName->IsEmpty())
+  if (const KelUnicodeString* pOldName = iMinorObject._ExtraAttributes.Find("renamedfrom");
+      pOldName && !pOldName->IsEmpty())
     iMinorObject._SetOldName(*pOldName);
 
   MabRixDocumentID DocumentID;
   if (FAILED(iMinorObject.GetDocumentID(DocumentID)))
     iMinorObject._SetMinorDocumentID(MabRixDocumentID::Create(_CADType, _Name, _DirectoryPath / _FilePath));
-  iMinorObject._ElementValues = _ElementValues;
+  iMinorObject._ElementValues = std::move(_ElementValues);
 
   FillIn(iObject, iMajorObject, iMinorObject);
 }
@@ -250,7 +253,8 @@ void MabRixSAXHandlerObjectList::Fill(MabERixObject& iObject, MabERixMajorObject
 void MabRixSAXHandlerObjectList::FillIn(MabERixObject& iObject, MabERixMajorObject& iMajorObject,
                                         MabERixMinorObject& iMinorObject)
 {
-  for (auto It = _ElementValues.begin(); It != _ElementValues.end(); ++It)
+  const KelUnicodeStringKelUnicodeStringDico& Values = iMinorObject._ElementValues;
+  for (auto It = Values.begin(); It != Values.end(); ++It)
   {
     const KelUnicodeString& Key = It.GetKey();
     if (Key == "Name")
