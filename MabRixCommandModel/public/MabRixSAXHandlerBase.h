@@ -92,6 +92,7 @@ protected:
 private:
   friend class MabRixParentHandlerRef;
   // Expires with this handler: children's uncounted references watch it.
+  const std::shared_ptr<const char>& AliveToken();
   std::shared_ptr<const char> _spAliveToken;
 };
 

@@ -9,7 +9,7 @@ MabRixImplementHandler(MabRixSAXHandlerBase, KelSAXHandlerBase)
 // Not counted yet: a child that never starts (its start failed, or nobody
 // started it) must not keep its parent alive, nor be kept by it in a cycle.
 MabRixParentHandlerRef::MabRixParentHandlerRef(MabRixSAXHandlerBase& iParent)
-    : _p(&iParent), _Alive(iParent._spAliveToken)
+    : _p(&iParent), _Alive(iParent.AliveToken())
 {
 }
 
@@ -42,7 +42,7 @@ void MabRixParentHandlerRef::Tighten()
 }
 
 MabRixSAXHandlerBase::MabRixSAXHandlerBase(KelISAXParser_var& iParser)
-    : _spSAXParser(iParser), _spAliveToken(std::make_shared<const char>())
+    : _spSAXParser(iParser)
 {
 }
 
@@ -50,11 +50,19 @@ MabRixSAXHandlerBase::MabRixSAXHandlerBase(KelISAXParser_var& iParser)
 // copy constructor: the bases are named to say they are built fresh.
 MabRixSAXHandlerBase::MabRixSAXHandlerBase(MabRixSAXHandlerBase& iParent)
     : KelBaseUnknown(), KelISAXDocumentHandler(), MabIRixSAXHandler(), KelISAXParseEndListener(), KelSAXHandlerBase(),
-      _spSAXParser(iParent._spSAXParser), _spParentHandler(iParent), _spAliveToken(std::make_shared<const char>())
+      _spSAXParser(iParent._spSAXParser), _spParentHandler(iParent)
 {
 }
 
 MabRixSAXHandlerBase::~MabRixSAXHandlerBase() = default;
+
+// Made with the first child: most handlers (text elements) never have one.
+const std::shared_ptr<const char>& MabRixSAXHandlerBase::AliveToken()
+{
+  if (!_spAliveToken)
+    _spAliveToken = std::make_shared<const char>();
+  return _spAliveToken;
+}
 
 void MabRixSAXHandlerBase::OnParseEnd() noexcept
 {
