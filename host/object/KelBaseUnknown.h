@@ -9,6 +9,9 @@
 #ifndef KelBaseUnknown_h
 #define KelBaseUnknown_h
 
+#include <type_traits>
+#include <typeinfo>
+
 #include "KelMetaObject.h"
 
 class KelBaseUnknown
@@ -48,7 +51,17 @@ private:
 template <class C, class I>
 C* KelImplCast(I* ipInterface)
 {
-  return ipInterface ? dynamic_cast<C*>(ipInterface->GetImpl()) : nullptr;
+  if (!ipInterface)
+    return nullptr;
+  auto* pImpl = ipInterface->GetImpl();
+  // Most casts name the object's own class: the whole object's address is then
+  // the answer, found without searching the classes it derives from.
+  if (typeid(*pImpl) == typeid(C))
+  {
+    using Whole = std::conditional_t<std::is_const_v<std::remove_pointer_t<decltype(pImpl)>>, const void*, void*>;
+    return static_cast<C*>(dynamic_cast<Whole>(pImpl));
+  }
+  return dynamic_cast<C*>(pImpl);
 }
 
 #endif
