@@ -3,30 +3,18 @@
 #include "KelVar.h"
 
 #include "MabRixCADObjectContext.h"
+#include "MabRixCustomQueryResultValue.h"
+#include "MabRixSAXHandlerCustomQueryResult.h"
 #include "MabRixStringMapValue.h"
 #include "MabRixTNRObjectContext.h"
-#ifdef MABRIX_BENCH_HAS_OverwriteFileList
 #include "MabRixSAXHandlerOverwriteFileList.h"
-#endif
-#ifdef MABRIX_BENCH_HAS_ObjectDetailsList
 #include "MabRixSAXHandlerObjectDetailsList.h"
-#endif
-#ifdef MABRIX_BENCH_HAS_WorkspaceListQueryResult
 #include "MabRixSAXHandlerWorkspaceListQueryResult.h"
 #include "MabRixWorkspaceListQueryResultValue.h"
-#endif
-#ifdef MABRIX_BENCH_HAS_CollectionListQueryResult
 #include "MabRixSAXHandlerCollectionListQueryResult.h"
-#endif
-#ifdef MABRIX_BENCH_HAS_ObjectList
 #include "MabRixSAXHandlerObjectList.h"
-#endif
-#ifdef MABRIX_BENCH_HAS_RelationshipList
 #include "MabRixSAXHandlerRelationshipList.h"
-#endif
-#ifdef MABRIX_BENCH_HAS_Structure
 #include "MabRixSAXHandlerStructure.h"
-#endif
 
 namespace
 {
@@ -36,7 +24,7 @@ MabRixBenchFactory FactoryOf()
   return [](MabRixSAXHandlerBase& ioRoot) -> MabIRixSAXHandler* { return new Handler(ioRoot); };
 }
 
-[[maybe_unused]] std::uint64_t MapEntries(const MabRixBenchRun& iRun)
+std::uint64_t MapEntries(const MabRixBenchRun& iRun)
 {
   const MabRixStringMapValue* pMap = KelImplCast<MabRixStringMapValue>(iRun._spValue.Get());
   return pMap ? static_cast<std::uint64_t>(pMap->_Value.Size()) : 0;
@@ -82,7 +70,7 @@ MabRixBenchSession WithContext(Entities iCounted, Arguments... iArguments)
 
 // A structure links objects already in the context: the session creates the
 // minor objects of the first iRecords CAD ids (untimed) before the run.
-[[maybe_unused]] void Prefill(MabRixTNRObjectContext& ioContext, std::uint64_t iRecords)
+void Prefill(MabRixTNRObjectContext& ioContext, std::uint64_t iRecords)
 {
   const KelUnicodeString Type("Component"), Revision("A"), Version("1");
   for (std::uint64_t i = 0; i < iRecords; ++i)
@@ -93,31 +81,22 @@ MabRixBenchSession WithContext(Entities iCounted, Arguments... iArguments)
   }
 }
 
-#ifdef MABRIX_BENCH_HAS_OverwriteFileList
 MabRixBenchSession OverwriteFileList(std::uint64_t)
 {
   return {FactoryOf<MabRixSAXHandlerOverwriteFileList>(), &MapEntries, nullptr};
 }
-#endif
-#ifdef MABRIX_BENCH_HAS_ObjectDetailsList
 MabRixBenchSession ObjectDetailsList(std::uint64_t)
 {
   return WithContext<MabRixCADObjectContext, MabRixSAXHandlerObjectDetailsList>(Entities::MinorObjects);
 }
-#endif
-#ifdef MABRIX_BENCH_HAS_ObjectList
 MabRixBenchSession ObjectList(std::uint64_t)
 {
   return WithContext<MabRixTNRObjectContext, MabRixSAXHandlerObjectList>(Entities::MinorObjects);
 }
-#endif
-#ifdef MABRIX_BENCH_HAS_RelationshipList
 MabRixBenchSession RelationshipList(std::uint64_t)
 {
   return WithContext<MabRixTNRObjectContext, MabRixSAXHandlerRelationshipList>(Entities::Relationships);
 }
-#endif
-#ifdef MABRIX_BENCH_HAS_Structure
 MabRixBenchSession Structure(std::uint64_t iRecords)
 {
   MabRixBenchSession Session =
@@ -125,8 +104,6 @@ MabRixBenchSession Structure(std::uint64_t iRecords)
   Prefill(*static_cast<ContextHolder<MabRixTNRObjectContext>*>(Session._spKeep.get())->_pContext, iRecords);
   return Session;
 }
-#endif
-#ifdef MABRIX_BENCH_HAS_WorkspaceListQueryResult
 MabRixBenchSession WorkspaceList(std::uint64_t)
 {
   return {FactoryOf<MabRixSAXHandlerWorkspaceListQueryResult>(),
@@ -137,41 +114,37 @@ MabRixBenchSession WorkspaceList(std::uint64_t)
           },
           nullptr};
 }
-#endif
-#ifdef MABRIX_BENCH_HAS_CollectionListQueryResult
 MabRixBenchSession CollectionList(std::uint64_t)
 {
   return {FactoryOf<MabRixSAXHandlerCollectionListQueryResult>(), &MapEntries, nullptr};
 }
-#endif
+// The value brings its own TNR context: the rows are its minor objects.
+MabRixBenchSession CustomQuery(std::uint64_t)
+{
+  return {FactoryOf<MabRixSAXHandlerCustomQueryResult>(),
+          [](const MabRixBenchRun& iRun) -> std::uint64_t {
+            const MabRixCustomQueryResultValue* pValue =
+                KelImplCast<MabRixCustomQueryResultValue>(iRun._spValue.Get());
+            const MabRixTNRObjectContext* pContext = pValue ? pValue->GetObjectContext() : nullptr;
+            return pContext ? static_cast<std::uint64_t>(pContext->GetMinorObjects().size()) : 0;
+          },
+          nullptr};
+}
 }  // namespace
 
 bool MabRixBenchTargetFor(MabRixResponseKind iKind, MabRixBenchTarget& oTarget)
 {
   switch (iKind)
   {
-#ifdef MABRIX_BENCH_HAS_OverwriteFileList
     case MabRixResponseKind::OverwriteFileList: oTarget = &OverwriteFileList; return true;
-#endif
-#ifdef MABRIX_BENCH_HAS_ObjectDetailsList
     case MabRixResponseKind::ObjectDetails: oTarget = &ObjectDetailsList; return true;
-#endif
-#ifdef MABRIX_BENCH_HAS_ObjectList
     case MabRixResponseKind::ObjectList: oTarget = &ObjectList; return true;
-#endif
-#ifdef MABRIX_BENCH_HAS_RelationshipList
     case MabRixResponseKind::RelationshipList: oTarget = &RelationshipList; return true;
-#endif
-#ifdef MABRIX_BENCH_HAS_Structure
     case MabRixResponseKind::StructureDeep:
     case MabRixResponseKind::StructureWide: oTarget = &Structure; return true;
-#endif
-#ifdef MABRIX_BENCH_HAS_WorkspaceListQueryResult
     case MabRixResponseKind::WorkspaceList: oTarget = &WorkspaceList; return true;
-#endif
-#ifdef MABRIX_BENCH_HAS_CollectionListQueryResult
     case MabRixResponseKind::CollectionList: oTarget = &CollectionList; return true;
-#endif
+    case MabRixResponseKind::CustomQuery: oTarget = &CustomQuery; return true;
     default: return false;
   }
 }

@@ -2,56 +2,47 @@
 
 KelImplementClass(MabRixSavedQueryRecord, KelBaseUnknown, "KelSystem")
 
-HRESULT MabRixSavedQueryRecord::SetName(const KelUnicodeString& iName)
+namespace
 {
-  _Name = iName;
+template <class T>
+HRESULT Keep(std::optional<T>& oField, const T& iValue)
+{
+  oField = iValue;
   return S_OK;
 }
 
+HRESULT Append(std::vector<MabRixSavedQueryRecord::Property>& ioList, const KelUnicodeString& iName,
+               const KelUnicodeString& iValue)
+{
+  ioList.push_back({iName, iValue});
+  return S_OK;
+}
+}  // namespace
+
+HRESULT MabRixSavedQueryRecord::SetName(const KelUnicodeString& iName) { return Keep(_Name, iName); }
 HRESULT MabRixSavedQueryRecord::SetDescription(const KelUnicodeString& iDescription)
 {
-  _Description = iDescription;
-  return S_OK;
+  return Keep(_Description, iDescription);
 }
-
-HRESULT MabRixSavedQueryRecord::SetCriteriaName(const KelUnicodeString& iName)
-{
-  _CriteriaName = iName;
-  return S_OK;
-}
-
+HRESULT MabRixSavedQueryRecord::SetCriteriaName(const KelUnicodeString& iName) { return Keep(_CriteriaName, iName); }
 HRESULT MabRixSavedQueryRecord::SetCriteriaRevision(const KelUnicodeString& iRevision)
 {
-  _CriteriaRevision = iRevision;
-  return S_OK;
+  return Keep(_CriteriaRevision, iRevision);
 }
-
-HRESULT MabRixSavedQueryRecord::SetCriteriaOwner(const KelUnicodeString& iOwner)
-{
-  _CriteriaOwner = iOwner;
-  return S_OK;
-}
-
+HRESULT MabRixSavedQueryRecord::SetCriteriaOwner(const KelUnicodeString& iOwner) { return Keep(_CriteriaOwner, iOwner); }
 HRESULT MabRixSavedQueryRecord::SetCriteriaVaults(const KelUnicodeStringList& iVaults)
 {
-  _CriteriaVaults = iVaults;
-  return S_OK;
+  return Keep(_CriteriaVaults, iVaults);
 }
-
 HRESULT MabRixSavedQueryRecord::SetCriteriaTypes(const KelUnicodeStringList& iTypes)
 {
-  _CriteriaTypes = iTypes;
-  return S_OK;
+  return Keep(_CriteriaTypes, iTypes);
 }
-
 HRESULT MabRixSavedQueryRecord::AddBasicProperty(const KelUnicodeString& iName, const KelUnicodeString& iValue)
 {
-  _BasicProperties.push_back({iName, iValue});
-  return S_OK;
+  return Append(_BasicProperties, iName, iValue);
 }
-
 HRESULT MabRixSavedQueryRecord::AddProperty(const KelUnicodeString& iName, const KelUnicodeString& iValue)
 {
-  _Properties.push_back({iName, iValue});
-  return S_OK;
+  return Append(_Properties, iName, iValue);
 }
