@@ -27,36 +27,18 @@ MabERixMajorObject* Major(MabRixCADObjectContext& iContext, const char* iName)
   return KelImplCast<MabERixMajorObject>(iContext.GetMajorObject(MabRixObjectID("Part", iName)).Get());
 }
 
-void ExpectUnexpectedError()
-{
-  const MabRixLastError Error = MabRixGetLastError();
-  ASSERT_TRUE(Error._Present);
-  EXPECT_EQ(Error._Key, "Unexpected");
-  EXPECT_EQ(Error._Catalog, "MabRixIntegration");
-  EXPECT_EQ(Error._File, HandlerFile);
-  EXPECT_GT(Error._Line, 0);
-  EXPECT_EQ(Error._Code, E_FAIL);
-}
+void ExpectUnexpectedError() { MabRixExpectUnexpectedError(HandlerFile); }
 
-struct DirectHandler
+// Started as a lock answer unless told otherwise.
+struct DirectHandler : MabRixStartedHandler<Handler>
 {
-  DirectHandler(MabRixCADObjectContext* ipContext, unsigned char iSuccess = TRUE)
+  explicit DirectHandler(MabRixCADObjectContext* ipContext, unsigned char iSuccess = TRUE)
+      : MabRixStartedHandler<Handler>(ipContext, iSuccess)
   {
-    _spHandler = KelVar<Handler>::Adopt(new Handler(_Parent.Root(), ipContext, iSuccess));
-    _spHandler->StartHandlingEvents("list", MabRixTestAttributeList::Make());
   }
-  Handler* operator->() const { return _spHandler.Get(); }
-
-  MabRixTestParent _Parent;
-  KelVar<Handler> _spHandler;
 };
 
-MabIRixValue_var Text(const char* iText)
-{
-  MabRixStringValue* pValue = new MabRixStringValue();
-  pValue->_Value = iText;
-  return MabIRixValue_var::Adopt(pValue);
-}
+MabIRixValue_var Text(const char* iText) { return MabRixTextValue(iText); }
 }  // namespace
 
 TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, ReadsARealisticLockResponseIntoTheContext)

@@ -44,38 +44,18 @@ HRESULT FirstFailure(const MabRixTestReading& iReading, std::string* opElement =
   return Failures.front()._Result;
 }
 
-void ExpectUnexpectedError()
-{
-  const MabRixLastError Error = MabRixGetLastError();
-  ASSERT_TRUE(Error._Present);
-  EXPECT_EQ(Error._Key, "Unexpected");
-  EXPECT_EQ(Error._Catalog, "MabRixIntegration");
-  EXPECT_EQ(Error._File, HandlerFile);
-  EXPECT_GT(Error._Line, 0);
-  EXPECT_EQ(Error._Code, E_FAIL);
-}
+void ExpectUnexpectedError() { MabRixExpectUnexpectedError(HandlerFile); }
 
 // A handler driven by hand, started on its own element "list".
-struct DirectHandler
+struct DirectHandler : MabRixStartedHandler<MabRixSAXHandlerObjectDetailsList>
 {
   explicit DirectHandler(MabRixCADObjectContext* ipContext)
+      : MabRixStartedHandler<MabRixSAXHandlerObjectDetailsList>(ipContext)
   {
-    _spHandler = KelVar<MabRixSAXHandlerObjectDetailsList>::Adopt(
-        new MabRixSAXHandlerObjectDetailsList(_Parent.Root(), ipContext));
-    _spHandler->StartHandlingEvents("list", MabRixTestAttributeList::Make());
   }
-  MabRixSAXHandlerObjectDetailsList* operator->() const { return _spHandler.Get(); }
-
-  MabRixTestParent _Parent;
-  KelVar<MabRixSAXHandlerObjectDetailsList> _spHandler;
 };
 
-MabIRixValue_var Text(const char* iText)
-{
-  MabRixStringValue* pValue = new MabRixStringValue();
-  pValue->_Value = iText;
-  return MabIRixValue_var::Adopt(pValue);
-}
+MabIRixValue_var Text(const char* iText) { return MabRixTextValue(iText); }
 }  // namespace
 
 // ---------------------------------------------------------------------------

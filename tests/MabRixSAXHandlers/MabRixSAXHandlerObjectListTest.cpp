@@ -27,16 +27,7 @@ protected:
   }
 
   // The last error is the unexpected-error result raised by the list handler.
-  void ExpectUnexpectedError()
-  {
-    const MabRixLastError Error = MabRixGetLastError();
-    ASSERT_TRUE(Error._Present);
-    EXPECT_EQ(Error._Key, "Unexpected");
-    EXPECT_EQ(Error._Catalog, "MabRixIntegration");
-    EXPECT_EQ(Error._File, File);
-    EXPECT_GT(Error._Line, 0);
-    EXPECT_EQ(Error._Code, E_FAIL);
-  }
+  void ExpectUnexpectedError() { MabRixExpectUnexpectedError(File); }
 
   MabRixTestContext _Context;
 };

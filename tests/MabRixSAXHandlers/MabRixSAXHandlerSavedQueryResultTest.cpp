@@ -10,6 +10,7 @@
 #include "MabRixStringListValue.h"
 #include "MabRixStringValue.h"
 #include "MabRixTestSupport.h"
+#include "MabRixTestDirect.h"
 
 namespace
 {
@@ -131,12 +132,7 @@ MabRixSAXHandlerSavedQueryResult* HandlerOf(const MabRixTestReading& iReading)
   return KelImplCast<MabRixSAXHandlerSavedQueryResult>(iReading.Handler().Get());
 }
 
-MabIRixValue_var Text(const char* iText)
-{
-  MabRixStringValue* pValue = new MabRixStringValue();
-  pValue->_Value = iText;
-  return MabIRixValue_var::Adopt(pValue);
-}
+MabIRixValue_var Text(const char* iText) { return MabRixTextValue(iText); }
 
 typedef std::vector<std::string> Calls;
 typedef MabRixSavedQueryRecord::Property Property;

@@ -4,11 +4,14 @@
 #ifndef MabRixTestDirect_h
 #define MabRixTestDirect_h
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "KelISAXAttributeList.h"
+#include "MabRixStringValue.h"
 #include "MabRixTestSupport.h"
 
 class MabRixTestAttributeList : public virtual KelISAXAttributeList
@@ -112,5 +115,42 @@ struct MabRixTestParent
   KelISAXParser_var _spParser;
   KelVar<MabRixTestRootHandler> _spRoot;
 };
+
+// A handler built under a test parent with the given arguments after the
+// parent, and started on its own element "list".
+template <class Handler>
+struct MabRixStartedHandler
+{
+  template <class... Arguments>
+  explicit MabRixStartedHandler(Arguments... iArguments)
+      : _spHandler(KelVar<Handler>::Adopt(new Handler(_Parent.Root(), iArguments...)))
+  {
+    _spHandler->StartHandlingEvents("list", MabRixTestAttributeList::Make());
+  }
+  Handler* operator->() const { return _spHandler.Get(); }
+
+  MabRixTestParent _Parent;
+  KelVar<Handler> _spHandler;
+};
+
+// A string value, as a text element's child hands it up.
+inline MabIRixValue_var MabRixTextValue(const char* iText)
+{
+  MabRixStringValue* pValue = new MabRixStringValue();
+  pValue->_Value = iText;
+  return MabIRixValue_var::Adopt(pValue);
+}
+
+// The last error is the unexpected-error result raised in iFile.
+inline void MabRixExpectUnexpectedError(const char* iFile)
+{
+  const MabRixLastError Error = MabRixGetLastError();
+  ASSERT_TRUE(Error._Present);
+  EXPECT_EQ(Error._Key, "Unexpected");
+  EXPECT_EQ(Error._Catalog, "MabRixIntegration");
+  EXPECT_EQ(Error._File, iFile);
+  EXPECT_GT(Error._Line, 0);
+  EXPECT_EQ(Error._Code, E_FAIL);
+}
 
 #endif
