@@ -40,8 +40,8 @@ std::uint32_t Word(const std::uint8_t* iData)
          static_cast<std::uint32_t>(iData[2]) << 16 | static_cast<std::uint32_t>(iData[3]) << 24;
 }
 
-void Read(const MabRixHandlerEntry& iEntry, const std::uint8_t* iOptions, std::size_t iOptionSize,
-          std::uint8_t iParser, const std::uint8_t* iPieces, const char* iXml, std::size_t iXmlSize)
+void Read(const MabRixHandlerEntry& iEntry, const std::uint8_t* iOptions, std::size_t iOptionSize, std::uint8_t iParser,
+          const std::uint8_t* iPieces, const char* iXml, std::size_t iXmlSize)
 {
   MabRixBorrowed Borrowed;  // outlives the handlers below
   MabRixOptionBytes Options(iOptions, iOptionSize);

@@ -11,11 +11,8 @@
   ExportedByMabRixCommandModel MabIRixSAXHandler* CreateTIEMabIRixSAXHandler##Class(Class& iImplementation);
 
 // In the class's source file.
-#define MabRixImplementHandler(Class, BaseClass)                                   \
-  MabRixImplementClass(Class, BaseClass)                                          \
-  MabIRixSAXHandler* CreateTIEMabIRixSAXHandler##Class(Class& iImplementation) \
-  {                                                                               \
-    return &iImplementation;                                                      \
-  }
+#define MabRixImplementHandler(Class, BaseClass) \
+  MabRixImplementClass(Class, BaseClass)         \
+  MabIRixSAXHandler* CreateTIEMabIRixSAXHandler##Class(Class& iImplementation) { return &iImplementation; }
 
 #endif

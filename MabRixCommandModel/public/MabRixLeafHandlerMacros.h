@@ -10,25 +10,25 @@
 
 // A value element holds no element: any nested start tag is reported and
 // fails.
-#define MabRixImplementLeafStartElement(Class)                                                           \
+#define MabRixImplementLeafStartElement(Class)                                                            \
   HRESULT Class::StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes) \
   {                                                                                                       \
-    (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));                   \
+    (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));                    \
     (void)KelCheck(FALSE);                                                                                \
     return E_FAIL;                                                                                        \
   }
 
 // At the element's close the value the class's BuildValue() makes from the
 // whole text goes to the parent, which then holds the only reference to it.
-#define MabRixImplementLeafEndElement(Class)                                                           \
-  HRESULT Class::EndElement(const KelUnicodeString& iName)                                             \
-  {                                                                                                    \
+#define MabRixImplementLeafEndElement(Class)                                                             \
+  HRESULT Class::EndElement(const KelUnicodeString& iName)                                               \
+  {                                                                                                      \
     if (!StopIfNecessary(iName) && !KelCheckText(false, "ExpressionCheck:this->StopIfNecessary(iName)")) \
-      return E_FAIL;                                                                                   \
-    const MabIRixValue_var spValue = BuildValue();                                                     \
-    if (!KelCheck(!!_spParentHandler))                                                                 \
-      return E_FAIL;                                                                                   \
-    return _spParentHandler->Value(spValue);                                                           \
+      return E_FAIL;                                                                                     \
+    const MabIRixValue_var spValue = BuildValue();                                                       \
+    if (!KelCheck(!!_spParentHandler))                                                                   \
+      return E_FAIL;                                                                                     \
+    return _spParentHandler->Value(spValue);                                                             \
   }
 
 #endif

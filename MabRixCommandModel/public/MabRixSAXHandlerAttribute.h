@@ -32,9 +32,9 @@ private:
   HRESULT EndAttribute();
   void EndName();
 
-  MabRixAttributeValue* _pAttributeValue = nullptr;            // owns one reference
+  MabRixAttributeValue* _pAttributeValue = nullptr;               // owns one reference
   KelBaseUnknown_varKelUnicodeStringDico* _pFormatMap = nullptr;  // borrowed
-  MabRixValueFormat* _pFormat = nullptr;  // borrowed; null once the value's handler exists
+  MabRixValueFormat* _pFormat = nullptr;                          // borrowed; null once the value's handler exists
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerAttribute)

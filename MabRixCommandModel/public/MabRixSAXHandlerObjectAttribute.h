@@ -27,8 +27,8 @@ private:
   void KeepElementText(const KelUnicodeString& iText);
   bool KeepAttribute(const MabRixAttributeValue& iAttribute);
 
-  KelUnicodeString _CurrentElement;                           // the child element most recently started
-  MabRixStringValueFormat* _pStringFormat = nullptr;          // owned: the format of every attribute's value
+  KelUnicodeString _CurrentElement;                              // the child element most recently started
+  MabRixStringValueFormat* _pStringFormat = nullptr;             // owned: the format of every attribute's value
   MabRixObjectAttributeValue* _pObjectAttributeValue = nullptr;  // owned: one reference
 };
 

@@ -32,8 +32,7 @@ public:
 private:
   HRESULT StartCADObject(const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
   HRESULT StartRevisionInfo(const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
-  HRESULT StartTextElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes,
-                           HRESULT iResult);
+  HRESULT StartTextElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
   HRESULT Flush();
   HRESULT FlushRevInfo();
 

@@ -29,8 +29,8 @@ private:
   HRESULT StartAttribute(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes);
   HRESULT EndRelationship();
 
-  KelUnicodeString _RelationshipKind;                  // "cadrelationship"
-  KelUnicodeString _RelationshipID;                    // "rid"
+  KelUnicodeString _RelationshipKind;                 // "cadrelationship"
+  KelUnicodeString _RelationshipID;                   // "rid"
   MabRixTNRObjectContext* _pObjectContext = nullptr;  // borrowed
   KelUnicodeStringKelUnicodeStringDico _Attributes;   // of the current relationship; first wins
   // The format the current attribute child reads its value with: made fresh

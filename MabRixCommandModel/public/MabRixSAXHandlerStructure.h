@@ -30,9 +30,9 @@ private:
   void EndRelationship();
 
   int _RootLevel;
-  int _PointerIndex = -1;                              // position of the innermost open cadobject in the stack
-  KelUnicodeString _RelationshipID;                    // "rid" of the current relationship
-  KelUnicodeStringList _ObjectStack;                   // "cadid" of every open cadobject, outermost first
+  int _PointerIndex = -1;                             // position of the innermost open cadobject in the stack
+  KelUnicodeString _RelationshipID;                   // "rid" of the current relationship
+  KelUnicodeStringList _ObjectStack;                  // "cadid" of every open cadobject, outermost first
   MabRixTNRObjectContext* _pObjectContext = nullptr;  // borrowed
 };
 

@@ -10,10 +10,10 @@ const std::size_t BufferSize = 64 * 1024;
 // One entry per object family: the values that belong together.
 struct Family
 {
-  const char* _Type;      // object type (zqtype, Type)
-  const char* _CadType;   // CAD type (type, cadtype)
-  const char* _BusType;   // server business type
-  const char* _Prefix;    // name prefix
+  const char* _Type;     // object type (zqtype, Type)
+  const char* _CadType;  // CAD type (type, cadtype)
+  const char* _BusType;  // server business type
+  const char* _Prefix;   // name prefix
   const char* _Extension;
 };
 const std::array<Family, 4> Families = {{{"Component", "part", "CAD Part", "PRT-", ".prt"},
@@ -97,11 +97,20 @@ void MabRixResponseGenerator::PutEscaped(std::string_view iText)
   for (const char c : iText)
     switch (c)
     {
-      case '&': Put("&amp;"); break;
-      case '<': Put("&lt;"); break;
-      case '>': Put("&gt;"); break;
-      case '"': Put("&quot;"); break;
-      default: Put(std::string_view(&c, 1));
+      case '&':
+        Put("&amp;");
+        break;
+      case '<':
+        Put("&lt;");
+        break;
+      case '>':
+        Put("&gt;");
+        break;
+      case '"':
+        Put("&quot;");
+        break;
+      default:
+        Put(std::string_view(&c, 1));
     }
 }
 
@@ -525,14 +534,29 @@ void MabRixResponseGenerator::Records()
     const std::uint64_t K = Key(i);
     switch (_Options._Kind)
     {
-      case MabRixResponseKind::ObjectList: ObjectListRecord(K); break;
-      case MabRixResponseKind::ObjectDetails: ObjectDetailsRecord(K); break;
-      case MabRixResponseKind::CustomQuery: CustomQueryRecord(K); break;
-      case MabRixResponseKind::RelationshipList: RelationshipRecord(K); break;
-      case MabRixResponseKind::WorkspaceList: WorkspaceRecord(K); break;
-      case MabRixResponseKind::CollectionList: CollectionRecord(K); break;
-      case MabRixResponseKind::OverwriteFileList: OverwriteFileRecord(K); break;
-      default: return;
+      case MabRixResponseKind::ObjectList:
+        ObjectListRecord(K);
+        break;
+      case MabRixResponseKind::ObjectDetails:
+        ObjectDetailsRecord(K);
+        break;
+      case MabRixResponseKind::CustomQuery:
+        CustomQueryRecord(K);
+        break;
+      case MabRixResponseKind::RelationshipList:
+        RelationshipRecord(K);
+        break;
+      case MabRixResponseKind::WorkspaceList:
+        WorkspaceRecord(K);
+        break;
+      case MabRixResponseKind::CollectionList:
+        CollectionRecord(K);
+        break;
+      case MabRixResponseKind::OverwriteFileList:
+        OverwriteFileRecord(K);
+        break;
+      default:
+        return;
     }
     ++_Stats._Records;
   }
@@ -614,15 +638,23 @@ const char* MabRixResponseGenerator::ListElement(MabRixResponseKind iKind)
 {
   switch (iKind)
   {
-    case MabRixResponseKind::ObjectList: return "objectlist";
-    case MabRixResponseKind::ObjectDetails: return "objectdetailslist";
-    case MabRixResponseKind::CustomQuery: return "queryresult";
+    case MabRixResponseKind::ObjectList:
+      return "objectlist";
+    case MabRixResponseKind::ObjectDetails:
+      return "objectdetailslist";
+    case MabRixResponseKind::CustomQuery:
+      return "queryresult";
     case MabRixResponseKind::StructureDeep:
-    case MabRixResponseKind::StructureWide: return "structure";
-    case MabRixResponseKind::RelationshipList: return "relationshiplist";
-    case MabRixResponseKind::WorkspaceList: return "workspacelist";
-    case MabRixResponseKind::CollectionList: return "collectionlist";
-    case MabRixResponseKind::OverwriteFileList: return "overwritefilelist";
+    case MabRixResponseKind::StructureWide:
+      return "structure";
+    case MabRixResponseKind::RelationshipList:
+      return "relationshiplist";
+    case MabRixResponseKind::WorkspaceList:
+      return "workspacelist";
+    case MabRixResponseKind::CollectionList:
+      return "collectionlist";
+    case MabRixResponseKind::OverwriteFileList:
+      return "overwritefilelist";
   }
   return "list";
 }
@@ -631,26 +663,33 @@ const char* MabRixResponseGenerator::KindName(MabRixResponseKind iKind)
 {
   switch (iKind)
   {
-    case MabRixResponseKind::ObjectList: return "object-list";
-    case MabRixResponseKind::ObjectDetails: return "object-details";
-    case MabRixResponseKind::CustomQuery: return "custom-query";
-    case MabRixResponseKind::StructureDeep: return "structure-deep";
-    case MabRixResponseKind::StructureWide: return "structure-wide";
-    case MabRixResponseKind::RelationshipList: return "relationship-list";
-    case MabRixResponseKind::WorkspaceList: return "workspace-list";
-    case MabRixResponseKind::CollectionList: return "collection-list";
-    case MabRixResponseKind::OverwriteFileList: return "overwrite-file-list";
+    case MabRixResponseKind::ObjectList:
+      return "object-list";
+    case MabRixResponseKind::ObjectDetails:
+      return "object-details";
+    case MabRixResponseKind::CustomQuery:
+      return "custom-query";
+    case MabRixResponseKind::StructureDeep:
+      return "structure-deep";
+    case MabRixResponseKind::StructureWide:
+      return "structure-wide";
+    case MabRixResponseKind::RelationshipList:
+      return "relationship-list";
+    case MabRixResponseKind::WorkspaceList:
+      return "workspace-list";
+    case MabRixResponseKind::CollectionList:
+      return "collection-list";
+    case MabRixResponseKind::OverwriteFileList:
+      return "overwrite-file-list";
   }
   return "";
 }
 
 std::vector<MabRixResponseKind> MabRixResponseGenerator::AllKinds()
 {
-  return {MabRixResponseKind::ObjectList,       MabRixResponseKind::ObjectDetails,
-          MabRixResponseKind::CustomQuery,      MabRixResponseKind::StructureDeep,
-          MabRixResponseKind::StructureWide,    MabRixResponseKind::RelationshipList,
-          MabRixResponseKind::WorkspaceList,    MabRixResponseKind::CollectionList,
-          MabRixResponseKind::OverwriteFileList};
+  return {MabRixResponseKind::ObjectList,    MabRixResponseKind::ObjectDetails,  MabRixResponseKind::CustomQuery,
+          MabRixResponseKind::StructureDeep, MabRixResponseKind::StructureWide,  MabRixResponseKind::RelationshipList,
+          MabRixResponseKind::WorkspaceList, MabRixResponseKind::CollectionList, MabRixResponseKind::OverwriteFileList};
 }
 
 bool MabRixResponseGenerator::KindFromName(std::string_view iName, MabRixResponseKind& oKind)

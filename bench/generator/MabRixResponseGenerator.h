@@ -14,25 +14,25 @@
 
 enum class MabRixResponseKind
 {
-  ObjectList,         // cadobject elements: attributes, text elements, attribute elements, preview
-  ObjectDetails,      // cadobject elements with revisioninfo/access records
-  CustomQuery,        // query rows read by an object attribute handler
-  StructureDeep,      // nested cadobject chains with relationship elements
-  StructureWide,      // one root cadobject holding every other object
-  RelationshipList,   // relationship elements with attribute children
-  WorkspaceList,      // empty row elements carrying attributes
-  CollectionList,     // rows with name and description elements
-  OverwriteFileList   // filedetails elements whose busid may repeat
+  ObjectList,        // cadobject elements: attributes, text elements, attribute elements, preview
+  ObjectDetails,     // cadobject elements with revisioninfo/access records
+  CustomQuery,       // query rows read by an object attribute handler
+  StructureDeep,     // nested cadobject chains with relationship elements
+  StructureWide,     // one root cadobject holding every other object
+  RelationshipList,  // relationship elements with attribute children
+  WorkspaceList,     // empty row elements carrying attributes
+  CollectionList,    // rows with name and description elements
+  OverwriteFileList  // filedetails elements whose busid may repeat
 };
 
 struct MabRixGeneratorOptions
 {
   MabRixResponseKind _Kind = MabRixResponseKind::ObjectList;
-  std::uint64_t _Count = 1000;         // records: objects, rows, relationships, files
-  std::uint64_t _Bytes = 0;            // when set: records until the document reaches this size
-  std::uint64_t _Seed = 1;             // varies names, versions, flags; not the record keys
-  std::uint64_t _DistinctKeys = 0;     // when set: record keys cycle over this many values
-  unsigned _Depth = 64;                // StructureDeep: objects per chain
+  std::uint64_t _Count = 1000;      // records: objects, rows, relationships, files
+  std::uint64_t _Bytes = 0;         // when set: records until the document reaches this size
+  std::uint64_t _Seed = 1;          // varies names, versions, flags; not the record keys
+  std::uint64_t _DistinctKeys = 0;  // when set: record keys cycle over this many values
+  unsigned _Depth = 64;             // StructureDeep: objects per chain
 };
 
 struct MabRixGeneratorStats

@@ -41,8 +41,8 @@ const xmlNode* Child(const xmlNode* ipElement, const char* iName)
 struct DomObject
 {
   bool _Locked = false;
-  KelUnicodeString _Locker, _BusType, _ObjectType, _CadType, _CadId, _BusId, _Oid, _FullVersion, _Version,
-      _Revision, _Name, _Uuid;
+  KelUnicodeString _Locker, _BusType, _ObjectType, _CadType, _CadId, _BusId, _Oid, _FullVersion, _Version, _Revision,
+      _Name, _Uuid;
   MabRixPath _Directory, _File, _Thumbnail;
   KelUnicodeStringKelUnicodeStringDico _Extra, _Elements;
 
@@ -51,18 +51,27 @@ struct DomObject
     for (const xmlAttr* pAttribute = ipElement->properties; pAttribute; pAttribute = pAttribute->next)
     {
       const char* Name = Text(pAttribute->name);
-      const KelUnicodeString Value(
-          pAttribute->children ? Text(pAttribute->children->content) : "");
-      if (!std::strcmp(Name, "busid")) _BusId = Value;
-      else if (!std::strcmp(Name, "bustype")) _BusType = Value;
-      else if (!std::strcmp(Name, "cadid")) _CadId = Value;
-      else if (!std::strcmp(Name, "locker")) _Locker = Value;
-      else if (!std::strcmp(Name, "zqtype")) _ObjectType = Value;
-      else if (!std::strcmp(Name, "zqversion")) _FullVersion = Value;
-      else if (!std::strcmp(Name, "name")) _Name = Value;
-      else if (!std::strcmp(Name, "oid")) _Oid = Value;
-      else if (!std::strcmp(Name, "type")) _CadType = Value;
-      else if (!std::strcmp(Name, "uuid")) _Uuid = Value;
+      const KelUnicodeString Value(pAttribute->children ? Text(pAttribute->children->content) : "");
+      if (!std::strcmp(Name, "busid"))
+        _BusId = Value;
+      else if (!std::strcmp(Name, "bustype"))
+        _BusType = Value;
+      else if (!std::strcmp(Name, "cadid"))
+        _CadId = Value;
+      else if (!std::strcmp(Name, "locker"))
+        _Locker = Value;
+      else if (!std::strcmp(Name, "zqtype"))
+        _ObjectType = Value;
+      else if (!std::strcmp(Name, "zqversion"))
+        _FullVersion = Value;
+      else if (!std::strcmp(Name, "name"))
+        _Name = Value;
+      else if (!std::strcmp(Name, "oid"))
+        _Oid = Value;
+      else if (!std::strcmp(Name, "type"))
+        _CadType = Value;
+      else if (!std::strcmp(Name, "uuid"))
+        _Uuid = Value;
       else if (!std::strcmp(Name, "islocked"))
       {
         KelUnicodeString Lower = Value;
@@ -82,8 +91,10 @@ struct DomObject
         else
           _Directory = MabRixPath(Value);
       }
-      else if (!std::strcmp(Name, "filename")) _File = MabRixPath(Value);
-      else _Extra.Insert(KelUnicodeString(Name), Value);
+      else if (!std::strcmp(Name, "filename"))
+        _File = MabRixPath(Value);
+      else
+        _Extra.Insert(KelUnicodeString(Name), Value);
     }
   }
 
@@ -118,7 +129,8 @@ struct DomObject
       _Version = *pVersion;
     if (const KelUnicodeString* pRevision = _Elements.Find("Rev"))
       _Revision = *pRevision;
-    const int Dot = _FullVersion.SearchSubString(".", _FullVersion.GetLengthInChar(), KelUnicodeString::KelSearchBackward);
+    const int Dot =
+        _FullVersion.SearchSubString(".", _FullVersion.GetLengthInChar(), KelUnicodeString::KelSearchBackward);
     if (Dot >= 0)
     {
       _Revision = _FullVersion.SubString(0, Dot);

@@ -89,8 +89,8 @@ int main(int argc, char** argv)
         {
           if (Case._Kind != Kind || std::strcmp(Case._Family, Family) != 0)
             continue;
-          const std::string Name = std::string(Family) + "/" + MabRixResponseGenerator::KindName(Kind) + "/" +
-                                   std::to_string(Size);
+          const std::string Name =
+              std::string(Family) + "/" + MabRixResponseGenerator::KindName(Kind) + "/" + std::to_string(Size);
           benchmark::internal::Benchmark* pBenchmark =
               benchmark::RegisterBenchmark(Name.c_str(), [&Case, Kind, Size](benchmark::State& ioState) {
                 Case._Run(ioState, MabRixBenchDocumentFor(Kind, Size));

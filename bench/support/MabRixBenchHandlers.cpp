@@ -4,17 +4,17 @@
 
 #include "MabRixCADObjectContext.h"
 #include "MabRixCustomQueryResultValue.h"
-#include "MabRixSAXHandlerCustomQueryResult.h"
-#include "MabRixStringMapValue.h"
-#include "MabRixTNRObjectContext.h"
-#include "MabRixSAXHandlerOverwriteFileList.h"
-#include "MabRixSAXHandlerObjectDetailsList.h"
-#include "MabRixSAXHandlerWorkspaceListQueryResult.h"
-#include "MabRixWorkspaceListQueryResultValue.h"
 #include "MabRixSAXHandlerCollectionListQueryResult.h"
+#include "MabRixSAXHandlerCustomQueryResult.h"
+#include "MabRixSAXHandlerObjectDetailsList.h"
 #include "MabRixSAXHandlerObjectList.h"
+#include "MabRixSAXHandlerOverwriteFileList.h"
 #include "MabRixSAXHandlerRelationshipList.h"
 #include "MabRixSAXHandlerStructure.h"
+#include "MabRixSAXHandlerWorkspaceListQueryResult.h"
+#include "MabRixStringMapValue.h"
+#include "MabRixTNRObjectContext.h"
+#include "MabRixWorkspaceListQueryResultValue.h"
 
 namespace
 {
@@ -59,9 +59,12 @@ MabRixBenchSession WithContext(Entities iCounted, Arguments... iArguments)
     const Context& Filled = *pHolder->_pContext;
     switch (iCounted)
     {
-      case Entities::Relationships: return Filled.GetRelationships().size();
-      case Entities::Relations: return Filled.GetRelations().size();
-      default: return Filled.GetMinorObjects().size();
+      case Entities::Relationships:
+        return Filled.GetRelationships().size();
+      case Entities::Relations:
+        return Filled.GetRelations().size();
+      default:
+        return Filled.GetMinorObjects().size();
     }
   };
   Session._spKeep = spHolder;
@@ -99,8 +102,7 @@ MabRixBenchSession RelationshipList(std::uint64_t)
 }
 MabRixBenchSession Structure(std::uint64_t iRecords)
 {
-  MabRixBenchSession Session =
-      WithContext<MabRixTNRObjectContext, MabRixSAXHandlerStructure>(Entities::Relations, 0);
+  MabRixBenchSession Session = WithContext<MabRixTNRObjectContext, MabRixSAXHandlerStructure>(Entities::Relations, 0);
   Prefill(*static_cast<ContextHolder<MabRixTNRObjectContext>*>(Session._spKeep.get())->_pContext, iRecords);
   return Session;
 }
@@ -123,8 +125,7 @@ MabRixBenchSession CustomQuery(std::uint64_t)
 {
   return {FactoryOf<MabRixSAXHandlerCustomQueryResult>(),
           [](const MabRixBenchRun& iRun) -> std::uint64_t {
-            const MabRixCustomQueryResultValue* pValue =
-                KelImplCast<MabRixCustomQueryResultValue>(iRun._spValue.Get());
+            const MabRixCustomQueryResultValue* pValue = KelImplCast<MabRixCustomQueryResultValue>(iRun._spValue.Get());
             const MabRixTNRObjectContext* pContext = pValue ? pValue->GetObjectContext() : nullptr;
             return pContext ? static_cast<std::uint64_t>(pContext->GetMinorObjects().size()) : 0;
           },
@@ -136,15 +137,32 @@ bool MabRixBenchTargetFor(MabRixResponseKind iKind, MabRixBenchTarget& oTarget)
 {
   switch (iKind)
   {
-    case MabRixResponseKind::OverwriteFileList: oTarget = &OverwriteFileList; return true;
-    case MabRixResponseKind::ObjectDetails: oTarget = &ObjectDetailsList; return true;
-    case MabRixResponseKind::ObjectList: oTarget = &ObjectList; return true;
-    case MabRixResponseKind::RelationshipList: oTarget = &RelationshipList; return true;
+    case MabRixResponseKind::OverwriteFileList:
+      oTarget = &OverwriteFileList;
+      return true;
+    case MabRixResponseKind::ObjectDetails:
+      oTarget = &ObjectDetailsList;
+      return true;
+    case MabRixResponseKind::ObjectList:
+      oTarget = &ObjectList;
+      return true;
+    case MabRixResponseKind::RelationshipList:
+      oTarget = &RelationshipList;
+      return true;
     case MabRixResponseKind::StructureDeep:
-    case MabRixResponseKind::StructureWide: oTarget = &Structure; return true;
-    case MabRixResponseKind::WorkspaceList: oTarget = &WorkspaceList; return true;
-    case MabRixResponseKind::CollectionList: oTarget = &CollectionList; return true;
-    case MabRixResponseKind::CustomQuery: oTarget = &CustomQuery; return true;
-    default: return false;
+    case MabRixResponseKind::StructureWide:
+      oTarget = &Structure;
+      return true;
+    case MabRixResponseKind::WorkspaceList:
+      oTarget = &WorkspaceList;
+      return true;
+    case MabRixResponseKind::CollectionList:
+      oTarget = &CollectionList;
+      return true;
+    case MabRixResponseKind::CustomQuery:
+      oTarget = &CustomQuery;
+      return true;
+    default:
+      return false;
   }
 }

@@ -66,8 +66,8 @@ private:
 struct MabRixBenchRun
 {
   HRESULT _Result = S_OK;
-  bool _Started = false;       // the handler was started on the list element
-  MabIRixValue_var _spValue;   // what the handler handed up, if anything
+  bool _Started = false;      // the handler was started on the list element
+  MabIRixValue_var _spValue;  // what the handler handed up, if anything
 };
 
 // Parses a buffer, or a stream in chunks, through the handler.

@@ -37,9 +37,8 @@ void PrintContext(const MabRixTNRObjectContext& iContext)
   {
     KelUnicodeString Type;
     Minor->GetMinorType(Type);
-    std::printf("%s %s %s.%s (%s)\n", Minor->GetObjectID().GetID().ConvertToChar(),
-                Minor->GetKeyName().ConvertToChar(), Minor->GetKeyRevision().ConvertToChar(),
-                Minor->GetKeyVersion().ConvertToChar(), Type.ConvertToChar());
+    std::printf("%s %s %s.%s (%s)\n", Minor->GetObjectID().GetID().ConvertToChar(), Minor->GetKeyName().ConvertToChar(),
+                Minor->GetKeyRevision().ConvertToChar(), Minor->GetKeyVersion().ConvertToChar(), Type.ConvertToChar());
   }
   std::printf("%zu objects, %zu major objects, %zu minor objects\n", iContext.GetObjects().size(),
               iContext.GetMajorObjects().size(), iContext.GetMinorObjects().size());
@@ -58,8 +57,7 @@ int main(int iArgc, char** iArgv)
   {
     KelVar<KelExpatParser> spParser = KelVar<KelExpatParser>::Adopt(new KelExpatParser());
     KelISAXParser_var spISAXParser(spParser);
-    spParser->SetDocumentHandler(
-        KelISAXDocumentHandler_var::Adopt(new CommandLayerRoot(spISAXParser, pContext)));
+    spParser->SetDocumentHandler(KelISAXDocumentHandler_var::Adopt(new CommandLayerRoot(spISAXParser, pContext)));
     const HRESULT Result = spParser->ParseFile(iArgv[1]);
     if (spParser->HasParseError())
     {

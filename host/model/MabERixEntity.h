@@ -18,7 +18,7 @@
 #include "KelUnicodeString.h"
 #include "MabRixPropertyBag.h"
 
-#define MabERixProperty(Type, Field)                                                     \
+#define MabERixProperty(Type, Field)                                                  \
   HRESULT _Set##Field(const Type& iValue) { return _Properties.Set(#Field, iValue); } \
   HRESULT Get##Field(Type& oValue) const { return _Properties.Get(#Field, oValue); }
 

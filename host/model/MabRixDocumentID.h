@@ -11,8 +11,7 @@ class MabRixDocumentID
 public:
   MabRixDocumentID() = default;
 
-  static MabRixDocumentID Create(const KelUnicodeString& iType, const KelUnicodeString& iName,
-                                 const MabRixPath& iPath);
+  static MabRixDocumentID Create(const KelUnicodeString& iType, const KelUnicodeString& iName, const MabRixPath& iPath);
 
   const KelUnicodeString& GetType() const { return _Type; }
   const KelUnicodeString& GetName() const { return _Name; }

@@ -37,8 +37,7 @@ MabERixObject* MabRixObjectContext::CreateObject(const KelUnicodeString& iType, 
   return NewReference(FindOrAddObject(iType, iName));
 }
 
-MabERixMajorObject* MabRixObjectContext::CreateMajorObject(const KelUnicodeString& iType,
-                                                           const KelUnicodeString& iName,
+MabERixMajorObject* MabRixObjectContext::CreateMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
                                                            const KelUnicodeString& iRevision)
 {
   return NewReference(FindOrAddMajorObject(iType, iName, iRevision));
@@ -69,8 +68,7 @@ MabERixObject* MabRixObjectContext::FindOrAddObject(const KelUnicodeString& iTyp
   return pObject;
 }
 
-MabERixMajorObject* MabRixObjectContext::FindMajorObject(const KelUnicodeString& iType,
-                                                         const KelUnicodeString& iName,
+MabERixMajorObject* MabRixObjectContext::FindMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
                                                          const KelUnicodeString& iRevision) const
 {
   return _MajorIndex.Find(MajorHash(iType, iName, iRevision), [&](const MabERixMajorObject& iMajor) {
@@ -105,8 +103,7 @@ MabERixMinorObject* MabRixObjectContext::FindMinorObject(const MabRixObjectID& i
   return _MinorIndex.Find(IDHash(iID), [&](const MabERixMinorObject& iMinor) { return iMinor.GetObjectID() == iID; });
 }
 
-MabERixMinorObject* MabRixObjectContext::FindOrAddMinorObject(const MabRixObjectID& iID,
-                                                              const KelUnicodeString& iType,
+MabERixMinorObject* MabRixObjectContext::FindOrAddMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
                                                               const KelUnicodeString& iName,
                                                               const KelUnicodeString& iRevision,
                                                               const KelUnicodeString& iVersion)
@@ -122,10 +119,9 @@ MabERixRelationship* MabRixObjectContext::FindOrAddRelationship(const KelUnicode
                                                                 const KelUnicodeString& iKind)
 {
   const std::size_t Hash = MabRixKeyHash({&iID, &iKind});
-  if (MabERixRelationship* pRelationship =
-          _RelationshipIndex.Find(Hash, [&](const MabERixRelationship& iRelationship) {
-            return iRelationship.GetID() == iID && iRelationship.GetKind() == iKind;
-          }))
+  if (MabERixRelationship* pRelationship = _RelationshipIndex.Find(Hash, [&](const MabERixRelationship& iRelationship) {
+        return iRelationship.GetID() == iID && iRelationship.GetKind() == iKind;
+      }))
     return pRelationship;
   MabERixRelationship* pRelationship = Keep(_Relationships, iID, iKind);
   _RelationshipIndex.Add(Hash, pRelationship);

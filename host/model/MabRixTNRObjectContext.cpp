@@ -2,12 +2,10 @@
 
 KelImplementClass(MabRixTNRObjectContext, MabRixObjectContext, "KelSystem")
 
-MabERixMinorObject* MabRixTNRObjectContext::CreateMinorObject(const MabRixObjectID& iID,
-                                                              const KelUnicodeString& iType,
+MabERixMinorObject* MabRixTNRObjectContext::CreateMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
                                                               const KelUnicodeString& iName,
                                                               const KelUnicodeString& iRevision,
-                                                              const KelUnicodeString& iVersion,
-                                                              unsigned char iCreate)
+                                                              const KelUnicodeString& iVersion, unsigned char iCreate)
 {
   if (!iCreate)
     return NewReference(FindMinorObject(iID));

@@ -8,23 +8,23 @@
 #include "KelBaseUnknown.h"
 #include "KelMetaObject.h"
 
-#define KelDeclareClass                                       \
-public:                                                       \
-  static const KelMetaObject* MetaObject();                   \
-  static const char* ClassId();                               \
-  static KelBaseUnknown* CreateItself();                      \
-  const KelMetaObject* GetMetaObject() const override;        \
-                                                              \
+#define KelDeclareClass                                \
+public:                                                \
+  static const KelMetaObject* MetaObject();            \
+  static const char* ClassId();                        \
+  static KelBaseUnknown* CreateItself();               \
+  const KelMetaObject* GetMetaObject() const override; \
+                                                       \
 private:
 
-#define KelImplementClassRecord(Class, BaseRecord, BaseName, Framework)              \
-  const KelMetaObject* Class::MetaObject()                                           \
-  {                                                                                  \
-    static const KelMetaObject Record{#Class, BaseRecord, Framework, BaseName};      \
-    return &Record;                                                                  \
-  }                                                                                  \
-  const char* Class::ClassId() { return #Class; }                                    \
-  KelBaseUnknown* Class::CreateItself() { return nullptr; }                          \
+#define KelImplementClassRecord(Class, BaseRecord, BaseName, Framework)         \
+  const KelMetaObject* Class::MetaObject()                                      \
+  {                                                                             \
+    static const KelMetaObject Record{#Class, BaseRecord, Framework, BaseName}; \
+    return &Record;                                                             \
+  }                                                                             \
+  const char* Class::ClassId() { return #Class; }                               \
+  KelBaseUnknown* Class::CreateItself() { return nullptr; }                     \
   const KelMetaObject* Class::GetMetaObject() const { return Class::MetaObject(); }
 
 // Class derived from BaseClass, registered in Framework.

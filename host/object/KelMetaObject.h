@@ -5,10 +5,10 @@
 
 struct KelMetaObject
 {
-  const char* _Name;              // the class name, as IsA() answers it
-  const KelMetaObject* _pBase;    // the base class's record; null for the root
-  const char* _Framework;         // framework that registered the class
-  const char* _BaseName;          // the base class's name, "Kelnull" for the root
+  const char* _Name;            // the class name, as IsA() answers it
+  const KelMetaObject* _pBase;  // the base class's record; null for the root
+  const char* _Framework;       // framework that registered the class
+  const char* _BaseName;        // the base class's name, "Kelnull" for the root
 
   // True for this class's own name and the name of every base.
   bool IsAKindOf(const char* iName) const;

@@ -158,10 +158,9 @@ struct KelExpatCallbacks
 
   static void XMLCALL OnProcessingInstruction(void* ipData, const XML_Char* iTarget, const XML_Char* iData)
   {
-    Deliver(static_cast<KelExpatParser*>(ipData), "ProcessingInstruction", "",
-            [&](KelISAXDocumentHandler& ioHandler) {
-              return ioHandler.ProcessingInstruction(KelUnicodeString(iTarget), KelUnicodeString(iData));
-            });
+    Deliver(static_cast<KelExpatParser*>(ipData), "ProcessingInstruction", "", [&](KelISAXDocumentHandler& ioHandler) {
+      return ioHandler.ProcessingInstruction(KelUnicodeString(iTarget), KelUnicodeString(iData));
+    });
   }
 
   // Markup that reaches no handler still shows that expat got past a token.
@@ -181,8 +180,7 @@ struct KelExpatCallbacks
   }
 
   // External entities are skipped, never loaded.
-  static int XMLCALL OnExternalEntity(XML_Parser, const XML_Char*, const XML_Char*, const XML_Char*,
-                                      const XML_Char*)
+  static int XMLCALL OnExternalEntity(XML_Parser, const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*)
   {
     return XML_STATUS_OK;
   }
@@ -443,10 +441,7 @@ HRESULT KelExpatParser::ParseStream(std::istream& ioStream)
   return Outcome();
 }
 
-int KelExpatParser::GetCurrentLine() const
-{
-  return _pExpat ? static_cast<int>(XML_GetCurrentLineNumber(_pExpat)) : 0;
-}
+int KelExpatParser::GetCurrentLine() const { return _pExpat ? static_cast<int>(XML_GetCurrentLineNumber(_pExpat)) : 0; }
 
 int KelExpatParser::GetCurrentColumn() const
 {

@@ -35,8 +35,8 @@ struct XML_ParserStruct;
 struct KelSAXCallbackFailure
 {
   HRESULT _Result = S_OK;
-  const char* _Event = "";       // "StartElement", "EndElement", "Characters", ...
-  KelUnicodeString _Element;     // the element of the event; empty for text
+  const char* _Event = "";    // "StartElement", "EndElement", "Characters", ...
+  KelUnicodeString _Element;  // the element of the event; empty for text
   int _Line = 0;
   int _Column = 0;
 };
@@ -138,9 +138,9 @@ private:
   bool _Started = false;
   bool _Over = false;  // a document ended; Feed waits for Begin
   bool _Stopped = false;
-  bool _Progressed = false;     // an event came during the last call of expat
-  std::size_t _Stalled = 0;     // bytes given to expat since its last event
-  std::vector<char> _Pending;   // input gathered while a large token is open
+  bool _Progressed = false;    // an event came during the last call of expat
+  std::size_t _Stalled = 0;    // bytes given to expat since its last event
+  std::vector<char> _Pending;  // input gathered while a large token is open
   std::function<void(const KelISAXDocumentHandler_var&)> _Observer;
   // The name or text of the event being delivered. Reused from event to
   // event, so delivering one allocates nothing once they have grown.

@@ -16,8 +16,8 @@ HRESULT KelSAXHandlerBase::NotationDecl(const KelUnicodeString&, const KelUnicod
 {
   return S_OK;
 }
-HRESULT KelSAXHandlerBase::UnparsedEntityDecl(const KelUnicodeString&, const KelUnicodeString&,
-                                              const KelUnicodeString&, const KelUnicodeString&)
+HRESULT KelSAXHandlerBase::UnparsedEntityDecl(const KelUnicodeString&, const KelUnicodeString&, const KelUnicodeString&,
+                                              const KelUnicodeString&)
 {
   return S_OK;
 }

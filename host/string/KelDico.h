@@ -279,9 +279,9 @@ private:
     _pFirst = nullptr;
   }
 
-  Entry* _pFirst = nullptr;            // the first SmallSize entries
-  std::vector<Entry*> _More;           // further chunks, each twice the previous
-  std::vector<std::uint64_t> _Slots;   // empty while the dictionary is small
+  Entry* _pFirst = nullptr;           // the first SmallSize entries
+  std::vector<Entry*> _More;          // further chunks, each twice the previous
+  std::vector<std::uint64_t> _Slots;  // empty while the dictionary is small
   std::size_t _Size = 0;
 };
 

@@ -37,7 +37,8 @@ void ForEachEntry(std::string_view iText, std::string_view iFirst, std::string_v
       return;
     const std::size_t Cut = iSecond.empty() ? std::string_view::npos : iEntry.find(iSecond);
     const std::string_view Key = iEntry.substr(0, Cut);
-    const std::string_view Value = Cut == std::string_view::npos ? std::string_view() : iEntry.substr(Cut + iSecond.size());
+    const std::string_view Value =
+        Cut == std::string_view::npos ? std::string_view() : iEntry.substr(Cut + iSecond.size());
     if (!Key.empty())
       iVisit(Key, Value);
   });
@@ -47,7 +48,8 @@ void ForEachEntry(std::string_view iText, std::string_view iFirst, std::string_v
 KelUnicodeStringList MabRixStringUtils::GetList(const KelUnicodeString& iText, const KelUnicodeString& iSeparator)
 {
   KelUnicodeStringList List;
-  ForEachPiece(iText.View(), iSeparator.View(), [&](std::string_view iPiece) { List.Append(KelUnicodeString(iPiece)); });
+  ForEachPiece(iText.View(), iSeparator.View(),
+               [&](std::string_view iPiece) { List.Append(KelUnicodeString(iPiece)); });
   return List;
 }
 

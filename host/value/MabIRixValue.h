@@ -8,8 +8,7 @@
 #include "KelVar.h"
 
 class MabIRixValue : public virtual KelBaseUnknown
-{
-};
+{};
 
 typedef KelVar<MabIRixValue> MabIRixValue_var;
 

@@ -15,7 +15,7 @@ class MabRixObjectAttributeValue : public virtual MabIRixValue
 public:
   MabRixObjectAttributeValue() = default;
 
-  MabRixPath _PreviewPath;                               // text of "preview"
+  MabRixPath _PreviewPath;                              // text of "preview"
   KelUnicodeStringKelUnicodeStringDico _ElementValues;  // child element name to its text
   KelUnicodeStringKelUnicodeStringDico _Attributes;     // attribute name to its value
 };

@@ -29,7 +29,10 @@ HRESULT MabRixSavedQueryRecord::SetCriteriaRevision(const KelUnicodeString& iRev
 {
   return Keep(_CriteriaRevision, iRevision);
 }
-HRESULT MabRixSavedQueryRecord::SetCriteriaOwner(const KelUnicodeString& iOwner) { return Keep(_CriteriaOwner, iOwner); }
+HRESULT MabRixSavedQueryRecord::SetCriteriaOwner(const KelUnicodeString& iOwner)
+{
+  return Keep(_CriteriaOwner, iOwner);
+}
 HRESULT MabRixSavedQueryRecord::SetCriteriaVaults(const KelUnicodeStringList& iVaults)
 {
   return Keep(_CriteriaVaults, iVaults);

@@ -15,7 +15,7 @@ class MabRixWorkspaceVaultListQueryResultValue : public virtual MabIRixValue
 public:
   MabRixWorkspaceVaultListQueryResultValue() = default;
   MabRixVaultDetailsKelUnicodeStringDico _VaultDetails;  // OID to vault
-  KelUnicodeStringList _VaultOIDs;                      // in row order
+  KelUnicodeStringList _VaultOIDs;                       // in row order
 };
 
 #endif

@@ -50,7 +50,8 @@ const KelUnicodeStringListKelUnicodeStringDico* ListMapIn(const MabRixTestReadin
 }
 
 const char* const XMLEntries =
-    "<v><attribute><name>a</name><value>1|2</value></attribute><attribute><name>b</name><value>3</value></attribute></v>";
+    "<v><attribute><name>a</name><value>1|2</value></attribute><attribute><name>b</name><value>3</value></attribute></"
+    "v>";
 }  // namespace
 
 TEST(MabRixMapValueFormat, BothFormatsAreRegisteredUnderTheirOwnNames)

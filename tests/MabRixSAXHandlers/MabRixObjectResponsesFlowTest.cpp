@@ -86,13 +86,11 @@ TEST(MabRixObjectResponses, ObjectListThenStructureThenRelationshipsFillOneConte
   ASSERT_EQ(Relationships.size(), 3u);
   EXPECT_EQ(Relationships[0]->GetID(), "R-frame-bracket");
   EXPECT_EQ(Relationships[0]->GetKind(), "ZQ_Uses");
-  EXPECT_EQ(MabRixEntriesOf(Relationships[0]->_Attributes),
-            (MabRixEntries{{"quantity", "1"}, {"position", "top"}}));
+  EXPECT_EQ(MabRixEntriesOf(Relationships[0]->_Attributes), (MabRixEntries{{"quantity", "1"}, {"position", "top"}}));
   EXPECT_EQ(Relationships[1]->GetID(), "R-bracket-bolt");
   EXPECT_EQ(MabRixEntriesOf(Relationships[1]->_Attributes), (MabRixEntries{{"quantity", "4"}}));
   EXPECT_EQ(Relationships[2]->GetID(), "R-frame-bolt");
-  EXPECT_EQ(MabRixEntriesOf(Relationships[2]->_Attributes),
-            (MabRixEntries{{"quantity", "2"}, {"torque", "12 Nm"}}));
+  EXPECT_EQ(MabRixEntriesOf(Relationships[2]->_Attributes), (MabRixEntries{{"quantity", "2"}, {"torque", "12 Nm"}}));
 
   // Every relation's ends are objects of the context.
   for (const MabERixRelation_var& spRelation : pContext->GetRelations())

@@ -93,8 +93,7 @@ TEST(MabRixSAXHandlerAttribute, SingleFormatReadsNameAndValueAndHandsUpTheOnlyRe
 {
   MabRixTestReporter Reporter;
   MabRixStringValueFormat Format;
-  MabRixTestReading Reading =
-      MabRixRead("<attribute><name>color</name><value> red </value></attribute>", With(Format));
+  MabRixTestReading Reading = MabRixRead("<attribute><name>color</name><value> red </value></attribute>", With(Format));
   EXPECT_EQ(Reading._Result, S_OK);
   MabRixAttributeValue* pAttribute = TheAttribute(Reading);
   ASSERT_NE(pAttribute, nullptr);
@@ -195,8 +194,8 @@ TEST(MabRixSAXHandlerAttribute, EnforcedTypeInCapitalsSetsTheFlag)
   MabRixStringValueFormat Format;
   for (const char* Type : {"enforced", "ENFORCED", "EnForced"})
   {
-    MabRixTestReading Reading = MabRixRead(
-        std::string("<a><name>n</name><value type=\"") + Type + "\">v</value></a>", With(Format));
+    MabRixTestReading Reading =
+        MabRixRead(std::string("<a><name>n</name><value type=\"") + Type + "\">v</value></a>", With(Format));
     ASSERT_NE(TheAttribute(Reading), nullptr);
     EXPECT_EQ(TheAttribute(Reading)->_Enforced, 1) << Type;
     EXPECT_EQ(StringIn(TheAttribute(Reading)), "v");
@@ -219,8 +218,8 @@ TEST(MabRixSAXHandlerAttribute, SecondValueElementIsSkipped)
 {
   MabRixTestReporter Reporter;
   MabRixStringValueFormat Format;
-  MabRixTestReading Reading = MabRixRead(
-      "<a><name>n</name><value>first</value><value type=\"enforced\">second</value></a>", With(Format));
+  MabRixTestReading Reading =
+      MabRixRead("<a><name>n</name><value>first</value><value type=\"enforced\">second</value></a>", With(Format));
   EXPECT_EQ(Reading._Result, S_OK);
   ASSERT_NE(TheAttribute(Reading), nullptr);
   EXPECT_EQ(StringIn(TheAttribute(Reading)), "first");
@@ -231,8 +230,7 @@ TEST(MabRixSAXHandlerAttribute, SecondValueElementIsSkipped)
 TEST(MabRixSAXHandlerAttribute, TextInsideTheAttributeElementDoesNotLeakIntoTheName)
 {
   MabRixStringValueFormat Format;
-  MabRixTestReading Reading =
-      MabRixRead("<a>lead<name>n</name>middle<value>v</value>tail</a>", With(Format));
+  MabRixTestReading Reading = MabRixRead("<a>lead<name>n</name>middle<value>v</value>tail</a>", With(Format));
   ASSERT_NE(TheAttribute(Reading), nullptr);
   EXPECT_EQ(TheAttribute(Reading)->_Name, "n");
   EXPECT_EQ(StringIn(TheAttribute(Reading)), "v");
@@ -267,8 +265,7 @@ TEST(MabRixSAXHandlerAttribute, SecondNameReplacesAndReleasesTheAttributeValue)
 {
   MabRixTestReporter Reporter;
   MabRixStringValueFormat Format;
-  MabRixTestReading Reading =
-      MabRixRead("<a><name>first</name><name>second</name><value>v</value></a>", With(Format));
+  MabRixTestReading Reading = MabRixRead("<a><name>first</name><name>second</name><value>v</value></a>", With(Format));
   ASSERT_NE(TheAttribute(Reading), nullptr);
   EXPECT_EQ(TheAttribute(Reading)->_Name, "second");
   EXPECT_EQ(StringIn(TheAttribute(Reading)), "v");

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <new>
-#include <thread>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "MabRixSAXHandlerBoolean.h"
@@ -61,7 +61,8 @@ TEST(MabRixSAXHandlerProtocol, ParentKeepsItsLastChildUntilItCreatesTheNext)
 TEST(MabRixSAXHandlerProtocol, OldChildIsReleasedWhenTheNextOneIsCreated)
 {
   MabRixLifeCount Children;
-  MabRixProbeRun Run = MabRixProbeParse("<r><v>1</v><v>2</v></r>", "v", MabRixMakeCounted<MabRixSAXHandlerString>(Children));
+  MabRixProbeRun Run =
+      MabRixProbeParse("<r><v>1</v><v>2</v></r>", "v", MabRixMakeCounted<MabRixSAXHandlerString>(Children));
   (void)Run;
   EXPECT_EQ(Children._Built, 2);
   EXPECT_EQ(Children.Alive(), 1);
@@ -143,7 +144,8 @@ TEST(MabRixSAXHandlerProtocol, NoHandlerTreeLeaksWhenACallbackThrows)
   {
     KelExpatParser_var spParser = KelExpatParser_var::Adopt(new KelExpatParser());
     KelISAXParser_var spInterface(spParser);
-    KelVar<MabRixProbeRoot> spRoot = KelVar<MabRixProbeRoot>::Adopt(new MabRixProbeRoot(spInterface, "p", MakeProbe(&Strings, &Probes), &Roots));
+    KelVar<MabRixProbeRoot> spRoot =
+        KelVar<MabRixProbeRoot>::Adopt(new MabRixProbeRoot(spInterface, "p", MakeProbe(&Strings, &Probes), &Roots));
     spParser->SetDocumentHandler(KelISAXDocumentHandler_var(spRoot.Get()));
     EXPECT_THROW(spParser->Parse(std::string("<r><p><v>1</v><boom/></p></r>")), KelNullVarError);
     EXPECT_EQ(spRoot->GetRefCount(), 1u);
@@ -159,8 +161,8 @@ TEST(MabRixSAXHandlerProtocol, RootHeldOnlyByTheParserLivesThroughTheDocument)
   KelExpatParser_var spParser = KelExpatParser_var::Adopt(new KelExpatParser());
   {
     KelISAXParser_var spInterface(spParser);
-    spParser->SetDocumentHandler(KelISAXDocumentHandler_var::Adopt(
-        new MabRixProbeRoot(spInterface, "p", MakeProbe(&Strings, &Probes), &Roots)));
+    spParser->SetDocumentHandler(
+        KelISAXDocumentHandler_var::Adopt(new MabRixProbeRoot(spInterface, "p", MakeProbe(&Strings, &Probes), &Roots)));
   }
   EXPECT_EQ(spParser->Parse(std::string("<r><p><v>1</v></p><p/></r>")), S_OK);
   EXPECT_EQ(Roots.Alive(), 0);

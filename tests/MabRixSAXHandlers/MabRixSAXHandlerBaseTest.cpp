@@ -207,8 +207,8 @@ TEST(MabRixSAXHandlerBase, ClosingTagOfAnotherNameNeverEndsTheHandler)
   MabRixProbeRun Run = MabRixProbeParse("<r><a><b></b><c/><b/></a></r>", "a", MakeProbe());
   const MabRixDepthProbe* pProbe = ProbeOf(Run);
   ASSERT_NE(pProbe, nullptr);
-  EXPECT_EQ(pProbe->_Log, (std::vector<std::string>{"<b> 0", "</b> 0", "<c> 0", "</c> 0", "<b> 0", "</b> 0",
-                                                     "</a> -1 stop"}));
+  EXPECT_EQ(pProbe->_Log,
+            (std::vector<std::string>{"<b> 0", "</b> 0", "<c> 0", "</c> 0", "<b> 0", "</b> 0", "</a> -1 stop"}));
   EXPECT_EQ(Run._spRoot->_Seen, (std::vector<std::string>{"<r>", "<a>", "</r>"}));
 }
 
@@ -296,10 +296,9 @@ TEST(MabRixSAXHandlerBase, GetParserWithANullParserFailsTheCheck)
 TEST(MabRixSAXHandlerBase, GetResponseYieldsANullResponseAndEFail)
 {
   MabRixTestParent Parent;
-  std::vector<MabIRixSAXHandler_var> Handlers{
-      MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerBase(Parent.Root())),
-      MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerString(Parent.Root())),
-      MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerBoolean(Parent.Root()))};
+  std::vector<MabIRixSAXHandler_var> Handlers{MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerBase(Parent.Root())),
+                                              MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerString(Parent.Root())),
+                                              MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerBoolean(Parent.Root()))};
   for (const MabIRixSAXHandler_var& spHandler : Handlers)
   {
     // A response object of any kind stands in for what the caller held.
@@ -359,7 +358,8 @@ TEST(MabRixSAXHandlerBase, InterfaceSlotsReachTheHandlersMembers)
   KelISAXDocumentHandler_var spDocumentHandler = spInterface;
   EXPECT_EQ(spDocumentHandler.Get(), AsDocumentHandler(pString));
   MabRixSAXHandlerBoolean* pBoolean = new MabRixSAXHandlerBoolean(Parent.Root());
-  MabIRixSAXHandler_var spBoolean = MabIRixSAXHandler_var::Adopt(CreateTIEMabIRixSAXHandlerMabRixSAXHandlerBoolean(*pBoolean));
+  MabIRixSAXHandler_var spBoolean =
+      MabIRixSAXHandler_var::Adopt(CreateTIEMabIRixSAXHandlerMabRixSAXHandlerBoolean(*pBoolean));
   EXPECT_STREQ(spBoolean->IsA(), "MabRixSAXHandlerBoolean");
   EXPECT_EQ(KelImplCast<MabRixSAXHandlerBoolean>(spBoolean.Get()), pBoolean);
 }

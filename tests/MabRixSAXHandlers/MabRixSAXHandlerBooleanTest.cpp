@@ -72,7 +72,8 @@ TEST(MabRixSAXHandlerBoolean, NestedElementReportsFalseAndFailsOnStop)
   MabRixTestReading Reading = MabRixRead("<b>tr<x>u</x>e</b>", MabRixMake<MabRixSAXHandlerBoolean>());
   EXPECT_EQ(Reading._Result, E_FAIL);
   EXPECT_EQ(Reading._spParser->GetCallbackFailures()[0]._Element, "x");
-  EXPECT_EQ(Reporter.Texts(), (std::vector<std::string>{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
+  EXPECT_EQ(Reporter.Texts(),
+            (std::vector<std::string>{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
   for (const MabRixCheckReport& Report : Reporter.Reports())
     EXPECT_EQ(Report._File, BooleanFile);
   // The nested text counts: "true" as a whole.
@@ -99,7 +100,8 @@ TEST(MabRixSAXHandlerBoolean, GoOnScenarioDeliversTwoValues)
   EXPECT_EQ(MabRixValueAs<MabRixBooleanValue>(Run._spRoot->_Values[0])->_Value, 1);  // "yes"
   EXPECT_EQ(MabRixValueAs<MabRixBooleanValue>(Run._spRoot->_Values[1])->_Value, 0);  // "yesno"
   EXPECT_EQ(Run._spRoot->_ParserBackAtValue, (std::vector<bool>{false, true}));
-  EXPECT_EQ(Reporter.Texts(), (std::vector<std::string>{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
+  EXPECT_EQ(Reporter.Texts(),
+            (std::vector<std::string>{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
 }
 
 TEST(MabRixSAXHandlerBoolean, MissingParentFailsTheCheckOnStopAndRaisesOnGoOn)

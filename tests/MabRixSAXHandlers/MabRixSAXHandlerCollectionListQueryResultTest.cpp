@@ -73,9 +73,8 @@ TEST(MabRixSAXHandlerCollectionListQueryResult, RealisticResponseIsReadWhole)
 
 TEST(MabRixSAXHandlerCollectionListQueryResult, ValueGoesToTheParentOnceWhenTheOwnElementCloses)
 {
-  const MabRixTestReading Reading =
-      MabRixRead("<doc><c><row><name>a</name></row></c><next/></doc>",
-                 MabRixMake<MabRixSAXHandlerCollectionListQueryResult>(), "c");
+  const MabRixTestReading Reading = MabRixRead("<doc><c><row><name>a</name></row></c><next/></doc>",
+                                               MabRixMake<MabRixSAXHandlerCollectionListQueryResult>(), "c");
   ASSERT_EQ(Reading.Values().size(), 1u);
   EXPECT_EQ(Reading.Values()[0].Get()->GetImpl(), HandlerOf(Reading)->GetCollectionListValue());
   EXPECT_EQ(Reading._spRoot->EventsAfterStart(), 3);
@@ -123,8 +122,7 @@ TEST(MabRixSAXHandlerCollectionListQueryResult, ResponseWithNoRowsGivesAnEmptyMa
 
 TEST(MabRixSAXHandlerCollectionListQueryResult, NameOutsideAnyRowJoinsTheNextRow)
 {
-  const MabRixTestReading Reading =
-      ReadCollections("<c><name>Stray</name><row><description>d</description></row></c>");
+  const MabRixTestReading Reading = ReadCollections("<c><name>Stray</name><row><description>d</description></row></c>");
   const KelUnicodeStringKelUnicodeStringDico& Collections = CollectionsOf(Reading);
   ASSERT_EQ(Collections.Size(), 1);
   EXPECT_EQ(Collections["Stray"], "d");

@@ -204,8 +204,8 @@ TEST(MabRixSAXHandlerCustomQueryResult, LockTrueInAnyLetterCaseIsTrueAndAnything
   for (const auto& Text : Texts)
   {
     SCOPED_TRACE(Text[0]);
-    const MabRixTestReading Reading =
-        ReadRows(std::string("<q><row rowid='r' name='n' type='T' revision='A'><Lock>") + Text[0] + "</Lock></row></q>");
+    const MabRixTestReading Reading = ReadRows(std::string("<q><row rowid='r' name='n' type='T' revision='A'><Lock>") +
+                                               Text[0] + "</Lock></row></q>");
     MabRixTNRObjectContext* pContext = ContextOf(Reading);
     ASSERT_EQ(pContext->GetMajorObjects().size(), 1u);
     EXPECT_EQ(Read(*pContext->GetMajorObjects()[0], &MabERixMajorObject::GetLockStatus), Text[1]);
@@ -323,8 +323,8 @@ TEST(MabRixSAXHandlerCustomQueryResult, RowsAtAnyDepthAreRead)
 
 TEST(MabRixSAXHandlerCustomQueryResult, EmptyResponseGivesAnEmptyContextOnce)
 {
-  const MabRixTestReading Reading = MabRixRead("<doc><q></q><after/></doc>",
-                                               MabRixMake<MabRixSAXHandlerCustomQueryResult>(), "q");
+  const MabRixTestReading Reading =
+      MabRixRead("<doc><q></q><after/></doc>", MabRixMake<MabRixSAXHandlerCustomQueryResult>(), "q");
   MabRixTNRObjectContext* pContext = ContextOf(Reading);
   ASSERT_NE(pContext, nullptr);
   EXPECT_TRUE(pContext->GetObjects().empty());

@@ -47,10 +47,10 @@ TEST(MabRixSAXHandlerFailure, HandlerAndResponseAreRegisteredUnderTheirOwnNames)
 TEST(MabRixSAXHandlerFailure, FailureElementYieldsCommandNameErrorCodeAndReason)
 {
   MabRixTestReporter Reporter;
-  MabRixTestReading Failure =
-      MabRixRead("<root><failure success=\"false\" cname=\"checkin\" errorcode=\"1042\">"
-                 "<reason>Locked by someone else</reason></failure><after/></root>",
-                 MabRixMake<MabRixSAXHandlerFailure>(), "failure");
+  MabRixTestReading Failure = MabRixRead(
+      "<root><failure success=\"false\" cname=\"checkin\" errorcode=\"1042\">"
+      "<reason>Locked by someone else</reason></failure><after/></root>",
+      MabRixMake<MabRixSAXHandlerFailure>(), "failure");
   EXPECT_EQ(Failure._Result, S_OK);
   MabIRixFailureResponse_var spResponse = ResponseOf(Failure);
   ASSERT_TRUE(!!spResponse);

@@ -14,8 +14,7 @@ typedef MabRixSAXHandlerLockUnlockExObjectDetailsList Handler;
 const char* const HandlerFile =
     "MabRixCommandModel/MabRixSAXHandlers.m/src/MabRixSAXHandlerLockUnlockExObjectDetailsList";
 
-MabRixTestReading ReadLock(const std::string& iXml, MabRixCADObjectContext& ioContext,
-                           unsigned char iSuccess = TRUE)
+MabRixTestReading ReadLock(const std::string& iXml, MabRixCADObjectContext& ioContext, unsigned char iSuccess = TRUE)
 {
   return MabRixRead(iXml, MabRixMake<Handler>(&ioContext, iSuccess));
 }
@@ -87,11 +86,10 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, ReadsARealisticLockResponseI
 TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, CADObjectWithEmptyTypeFailsAndCreatesNothing)
 {
   typedef std::vector<std::pair<std::string, std::string>> Attributes;
-  const std::vector<Attributes> Cases = {
-      {{"type", ""}, {"name", "P1"}, {"islocked", "true"}},
-      {{"name", "P1"}, {"islocked", "true"}},
-      {{"type", "Part"}, {"name", ""}, {"islocked", "true"}},
-      {{"type", "Part"}, {"islocked", "true"}}};
+  const std::vector<Attributes> Cases = {{{"type", ""}, {"name", "P1"}, {"islocked", "true"}},
+                                         {{"name", "P1"}, {"islocked", "true"}},
+                                         {{"type", "Part"}, {"name", ""}, {"islocked", "true"}},
+                                         {{"type", "Part"}, {"islocked", "true"}}};
   for (std::size_t i = 0; i < Cases.size(); ++i)
   {
     KelError::KelCleanLastError();
@@ -108,9 +106,10 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, CADObjectWithEmptyTypeFailsA
 TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, ZqversionWithADotSetsMinorVersionAndMajorRevision)
 {
   MabRixCADObjectContext Context;
-  ReadLock("<l><cadobject type='Part' name='P1' zqversion='B.2'/><cadobject type='Part' name='P2' zqversion='B'/>"
-           "<cadobject type='Part' name='P3' zqversion=''/><cadobject type='Part' name='P4' zqversion='B.2.5'/></l>",
-           Context);
+  ReadLock(
+      "<l><cadobject type='Part' name='P1' zqversion='B.2'/><cadobject type='Part' name='P2' zqversion='B'/>"
+      "<cadobject type='Part' name='P3' zqversion=''/><cadobject type='Part' name='P4' zqversion='B.2.5'/></l>",
+      Context);
   EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P1"), "MinorVersion"), "2");
   EXPECT_EQ(MabRixPropertyText(Major(Context, "P1"), "MajorRevision"), "B");
   EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P2"), "MinorVersion"), std::nullopt);
@@ -124,9 +123,10 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, ZqversionWithADotSetsMinorVe
 TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, LaterOfBusRevisionAndZqversionWinsTheMajorRevision)
 {
   MabRixCADObjectContext Context;
-  ReadLock("<l><cadobject type='Part' name='P1' zqversion='A.1' busrevision='B'/>"
-           "<cadobject type='Part' name='P2' busrevision='B' zqversion='A.1'/></l>",
-           Context);
+  ReadLock(
+      "<l><cadobject type='Part' name='P1' zqversion='A.1' busrevision='B'/>"
+      "<cadobject type='Part' name='P2' busrevision='B' zqversion='A.1'/></l>",
+      Context);
   EXPECT_EQ(MabRixPropertyText(Major(Context, "P1"), "MajorRevision"), "B");
   EXPECT_EQ(MabRixPropertyText(Major(Context, "P2"), "MajorRevision"), "A");
 }
@@ -134,9 +134,10 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, LaterOfBusRevisionAndZqversi
 TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, BusTypeAndZqTypeBothSetTheTypeAndTheLaterWins)
 {
   MabRixCADObjectContext Context;
-  ReadLock("<l><cadobject type='Part' name='P1' bustype='Bus' zqtype='Zq'/>"
-           "<cadobject type='Part' name='P2' zqtype='Zq' bustype='Bus'/></l>",
-           Context);
+  ReadLock(
+      "<l><cadobject type='Part' name='P1' bustype='Bus' zqtype='Zq'/>"
+      "<cadobject type='Part' name='P2' zqtype='Zq' bustype='Bus'/></l>",
+      Context);
   EXPECT_EQ(MabRixPropertyText(MabRixFindObject(Context, "Part", "P1"), "Type"), "Zq");
   EXPECT_EQ(MabRixPropertyText(MabRixFindObject(Context, "Part", "P2"), "Type"), "Bus");
 }
@@ -147,11 +148,9 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, ReasonWhoseValueIsNotAString
   MabRixTestReporter Reporter(MabRixTestReporter::Stop);
   MabRixCADObjectContext Context;
   DirectHandler Direct(&Context);
-  ASSERT_EQ(Direct->StartElement("cadobject", MabRixTestAttributeList::Make({{"type", "Part"}, {"name", "P1"}})),
-            S_OK);
+  ASSERT_EQ(Direct->StartElement("cadobject", MabRixTestAttributeList::Make({{"type", "Part"}, {"name", "P1"}})), S_OK);
   class OtherValue : public virtual MabIRixValue
-  {
-  };
+  {};
   EXPECT_EQ(Direct->Value(MabIRixValue_var::Adopt(new OtherValue())), S_OK);
   EXPECT_EQ(MabRixPropertyText(Major(Context, "P1"), "LockUnlockError"), std::nullopt);
   EXPECT_TRUE(Reporter.Reports().empty());
@@ -191,9 +190,10 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, FlagFalseGivesEveryMajorObje
 TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, DocumentIDIsSetOnlyForAValidPathAndOnlyOnce)
 {
   MabRixCADObjectContext Context;
-  ReadLock("<l><cadobject type='Part' name='P1'/><cadobject type='Part' name='P2' dirname='/d'/>"
-           "<cadobject type='Part' name='P2' dirname='/e' filename='f.prt'/></l>",
-           Context);
+  ReadLock(
+      "<l><cadobject type='Part' name='P1'/><cadobject type='Part' name='P2' dirname='/d'/>"
+      "<cadobject type='Part' name='P2' dirname='/e' filename='f.prt'/></l>",
+      Context);
   EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P1"), "MinorDocumentID"), std::nullopt);
   EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P2"), "MinorDocumentID"), "(Part,P2,/d)");
 }
@@ -202,8 +202,7 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, CreatedReferencesAreGivenBac
 {
   MabRixCADObjectContext Context;
   {
-    const MabRixTestReading Reading =
-        ReadLock("<l><cadobject type='Part' name='P1'/><reason>r</reason></l>", Context);
+    const MabRixTestReading Reading = ReadLock("<l><cadobject type='Part' name='P1'/><reason>r</reason></l>", Context);
     EXPECT_EQ(Major(Context, "P1")->GetRefCount(), 2u);  // the context's and the reason's
     EXPECT_EQ(MabRixFindMinorObject(Context, "Part", "P1")->GetRefCount(), 1u);
   }
@@ -222,8 +221,7 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, NullContextIsReportedAndEver
     DirectHandler Direct(nullptr);
     ASSERT_EQ(Reporter.Texts(), Texts{"ExpressionCheck:pObjectContext"});
     EXPECT_EQ(Reporter.Reports()[0]._File, HandlerFile);
-    EXPECT_EQ(Direct->StartElement("cadobject", MabRixTestAttributeList::Make({{"type", "P"}, {"name", "N"}})),
-              E_FAIL);
+    EXPECT_EQ(Direct->StartElement("cadobject", MabRixTestAttributeList::Make({{"type", "P"}, {"name", "N"}})), E_FAIL);
     ExpectUnexpectedError();
     KelError::KelCleanLastError();
     EXPECT_EQ(Direct->Value(Text("x")), E_FAIL);
@@ -276,8 +274,7 @@ TEST(MabRixSAXHandlerLockUnlockExObjectDetailsList, EndOfOtherElementsSucceedsAn
 {
   MabRixCADObjectContext Context;
   DirectHandler Direct(&Context);
-  ASSERT_EQ(Direct->StartElement("cadobject", MabRixTestAttributeList::Make({{"type", "Part"}, {"name", "P1"}})),
-            S_OK);
+  ASSERT_EQ(Direct->StartElement("cadobject", MabRixTestAttributeList::Make({{"type", "Part"}, {"name", "P1"}})), S_OK);
   EXPECT_EQ(Direct->EndElement("cadobject"), S_OK);
   EXPECT_EQ(Direct->Value(Text("after the end")), S_OK);  // type and name are kept
   EXPECT_EQ(MabRixPropertyText(Major(Context, "P1"), "LockUnlockError"), "after the end");

@@ -165,8 +165,7 @@ TEST(MabRixSAXHandlerObjectAttribute, TwoAttributesWithTheSameNameKeepTheFirstVa
 
 TEST(MabRixSAXHandlerObjectAttribute, TwoElementsWithTheSameNameKeepTheFirstText)
 {
-  const MabRixTestReading Reading =
-      ReadObject("<cadobject><State>first</State><State>second</State></cadobject>");
+  const MabRixTestReading Reading = ReadObject("<cadobject><State>first</State><State>second</State></cadobject>");
   const MabRixObjectAttributeValue* pContent = TheContent(Reading);
   ASSERT_NE(pContent, nullptr);
   EXPECT_EQ(EntriesOf(pContent->_ElementValues), (Entries{{"State", "first"}}));
@@ -237,9 +236,8 @@ TEST(MabRixSAXHandlerObjectAttribute, AttributeElementGivingNoAttributeValueIsFa
 
 TEST(MabRixSAXHandlerObjectAttribute, HandsItsValueUpOnceWhenCadObjectClosesAndGivesTheParserBack)
 {
-  const MabRixTestReading Reading = MabRixRead(
-      "<list><cadobject><Ver>1</Ver></cadobject><next/></list>", MabRixMake<MabRixSAXHandlerObjectAttribute>(),
-      "cadobject");
+  const MabRixTestReading Reading = MabRixRead("<list><cadobject><Ver>1</Ver></cadobject><next/></list>",
+                                               MabRixMake<MabRixSAXHandlerObjectAttribute>(), "cadobject");
   EXPECT_EQ(Reading._Result, S_OK);
   ASSERT_NE(TheContent(Reading), nullptr);
   EXPECT_EQ(Reading._spRoot->EventsAfterStart(), 3);

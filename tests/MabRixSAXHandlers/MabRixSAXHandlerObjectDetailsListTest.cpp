@@ -29,8 +29,8 @@ MabRixTestReading ReadDetails(const std::string& iXml, MabRixCADObjectContext& i
 // A cadobject start tag with every required attribute, plus iExtra.
 std::string CADObject(const std::string& iName, const std::string& iRevision, const std::string& iExtra = "")
 {
-  return "<cadobject type='Part' name='" + iName + "' zqrevision='" + iRevision +
-         "' bustype='Model' zqversion='" + iRevision + ".1' status='InWork' " + iExtra + ">";
+  return "<cadobject type='Part' name='" + iName + "' zqrevision='" + iRevision + "' bustype='Model' zqversion='" +
+         iRevision + ".1' status='InWork' " + iExtra + ">";
 }
 
 // The first callback failure of a reading: its result and element.
@@ -124,8 +124,8 @@ TEST(MabRixSAXHandlerObjectDetailsList, ReadsARealisticResponseIntoTheContext)
   EXPECT_EQ(pFrame->GetKeyName(), "frame");
   EXPECT_EQ(MabRixPropertyTexts(pB),
             (Texts{"CurrentMajorRevision=1", "LockOwner=alice", "LockStatus=1", "ConnectedFolder=[Design|Release]",
-                   "State=Review", "NextMinorVersion=4", "MajorRevision=B", "NextMajorRevision=0",
-                   "OverwriteAccess=0", "CreateVersionAccess=1", "OverwriteError="}));
+                   "State=Review", "NextMinorVersion=4", "MajorRevision=B", "NextMajorRevision=0", "OverwriteAccess=0",
+                   "CreateVersionAccess=1", "OverwriteError="}));
   EXPECT_EQ(MabRixPropertyTexts(pA),
             (Texts{"NextMinorVersion=5", "MajorRevision=A", "NextMajorRevision=0", "LockOwner=bob", "LockStatus=1",
                    "OverwriteAccess=1", "CreateVersionAccess=0", "OverwriteError=Revision A is frozen"}));
@@ -159,9 +159,8 @@ TEST(MabRixSAXHandlerObjectDetailsList, ReferencesOfRevisionRecordsAreHeldUntilT
 {
   MabRixCADObjectContext Context;
   {
-    const MabRixTestReading Reading =
-        ReadDetails("<l>" + CADObject("P1", "B") + "<revisioninfo revision='A' nextversion='A.2'/></cadobject></l>",
-                    Context);
+    const MabRixTestReading Reading = ReadDetails(
+        "<l>" + CADObject("P1", "B") + "<revisioninfo revision='A' nextversion='A.2'/></cadobject></l>", Context);
     // The context's, the major object B's, and the revision record's.
     EXPECT_EQ(MabRixFindObject(Context, "Part", "P1")->GetRefCount(), 4u);
     EXPECT_EQ(MabRixFindMajorObject(Context, "Part", "P1", "A")->GetRefCount(), 2u);
@@ -176,15 +175,14 @@ TEST(MabRixSAXHandlerObjectDetailsList, ReferencesOfRevisionRecordsAreHeldUntilT
 // Required and optional attributes of cadobject
 
 class MabRixSAXHandlerObjectDetailsListMissing : public testing::TestWithParam<const char*>
-{
-};
+{};
 
 TEST_P(MabRixSAXHandlerObjectDetailsListMissing, RequiredAttributeMissingFailsTheStartWithTheRaisedCode)
 {
   KelError::KelCleanLastError();
   MabRixTestReporter Reporter(MabRixTestReporter::Stop);
   std::vector<std::pair<std::string, std::string>> Attributes = {
-      {"type", "Part"},   {"name", "P1"},     {"zqrevision", "B"},    {"bustype", "Model"},
+      {"type", "Part"},     {"name", "P1"},       {"zqrevision", "B"},   {"bustype", "Model"},
       {"zqversion", "B.2"}, {"status", "InWork"}, {"lockedby", "alice"}, {"uuid", "u-9"}};
   const std::string Missing = GetParam();
   std::erase_if(Attributes, [&](const auto& iAttribute) { return iAttribute.first == Missing; });
@@ -250,11 +248,11 @@ TEST(MabRixSAXHandlerObjectDetailsList, DashesRevisionWithoutBusRevisionFailsAnd
   MabRixCADObjectContext Context;
   DirectHandler Handler(&Context);
   EXPECT_EQ(Handler->StartElement("cadobject", MabRixTestAttributeList::Make({{"type", "Part"},
-                                                                             {"name", "P1"},
-                                                                             {"zqrevision", "--"},
-                                                                             {"bustype", "M"},
-                                                                             {"zqversion", "B.1"},
-                                                                             {"status", "s"}})),
+                                                                              {"name", "P1"},
+                                                                              {"zqrevision", "--"},
+                                                                              {"bustype", "M"},
+                                                                              {"zqversion", "B.1"},
+                                                                              {"status", "s"}})),
             E_FAIL);
   ExpectUnexpectedError();
   EXPECT_TRUE(Context.GetObjects().empty());
@@ -293,8 +291,8 @@ TEST(MabRixSAXHandlerObjectDetailsList, ZqversionAfterTheFirstDotIsTheMinorVersi
 TEST(MabRixSAXHandlerObjectDetailsList, IsLockedTrueInAnyCaseLocks)
 {
   MabRixCADObjectContext Context;
-  ReadDetails("<l>" + CADObject("P1", "A", "islocked='TRUE'") + "</cadobject>" + CADObject("P2", "A", "islocked='yes'") +
-                  "</cadobject></l>",
+  ReadDetails("<l>" + CADObject("P1", "A", "islocked='TRUE'") + "</cadobject>" +
+                  CADObject("P2", "A", "islocked='yes'") + "</cadobject></l>",
               Context);
   EXPECT_EQ(MabRixPropertyText(MabRixFindMajorObject(Context, "Part", "P1", "A"), "LockStatus"), "1");
   EXPECT_EQ(MabRixPropertyText(MabRixFindMajorObject(Context, "Part", "P2", "A"), "LockStatus"), "0");
@@ -328,10 +326,8 @@ TEST(MabRixSAXHandlerObjectDetailsList, DocumentPathIsTheFullNameElseDirectoryAn
               Context);
   EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P1"), "MinorDocumentID"),
             "(Part,P1,/full/p1.prt)");
-  EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P2"), "MinorDocumentID"),
-            "(Part,P2,/d/p2.prt)");
-  EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P3"), "MinorDocumentID"),
-            "(Part,P3,p3.prt)");
+  EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P2"), "MinorDocumentID"), "(Part,P2,/d/p2.prt)");
+  EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P3"), "MinorDocumentID"), "(Part,P3,p3.prt)");
   // Without a usable path the document ID is set all the same, path empty.
   EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P4"), "MinorDocumentID"), "(Part,P4,)");
   EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P5"), "MinorDocumentID"), "(Part,P5,)");
@@ -343,8 +339,7 @@ TEST(MabRixSAXHandlerObjectDetailsList, DocumentIDAlreadySetIsKept)
   ReadDetails("<l>" + CADObject("P1", "A", "filename='first.prt'") + "</cadobject>" +
                   CADObject("P1", "A", "filename='second.prt'") + "</cadobject></l>",
               Context);
-  EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P1"), "MinorDocumentID"),
-            "(Part,P1,first.prt)");
+  EXPECT_EQ(MabRixPropertyText(MabRixFindMinorObject(Context, "Part", "P1"), "MinorDocumentID"), "(Part,P1,first.prt)");
 }
 
 TEST(MabRixSAXHandlerObjectDetailsList, UUIDConflictResolutionIsSetOnlyWithAResponse)
@@ -398,7 +393,8 @@ TEST(MabRixSAXHandlerObjectDetailsList, TextElementsSetTypeStateLockAndLockOwner
                   "<Type>Drawing</Type><State>Frozen</State><Lock>TRUE</Lock><LockedBy>dan</LockedBy></cadobject>" +
                   CADObject("P2", "A") + "<Lock>yes</Lock></cadobject></l>",
               Context);
-  EXPECT_EQ(MabRixPropertyTexts(MabRixFindObject(Context, "Part", "P1")), (Texts{"CurrentMajorRevision=A", "Type=Drawing"}));
+  EXPECT_EQ(MabRixPropertyTexts(MabRixFindObject(Context, "Part", "P1")),
+            (Texts{"CurrentMajorRevision=A", "Type=Drawing"}));
   EXPECT_EQ(MabRixPropertyTexts(MabRixFindMajorObject(Context, "Part", "P1", "A")),
             (Texts{"CurrentMajorRevision=1", "State=Frozen", "LockStatus=1", "LockOwner=dan"}));
   EXPECT_EQ(MabRixPropertyText(MabRixFindMajorObject(Context, "Part", "P2", "A"), "LockStatus"), "0");
@@ -561,11 +557,11 @@ TEST(MabRixSAXHandlerObjectDetailsList, RevisionRecordWithoutRevisionOrNextVersi
     MabRixCADObjectContext Context;
     DirectHandler Handler(&Context);
     ASSERT_EQ(Handler->StartElement("cadobject", MabRixTestAttributeList::Make({{"type", "Part"},
-                                                                               {"name", "P1"},
-                                                                               {"zqrevision", "B"},
-                                                                               {"bustype", "M"},
-                                                                               {"zqversion", "B.1"},
-                                                                               {"status", "s"}})),
+                                                                                {"name", "P1"},
+                                                                                {"zqrevision", "B"},
+                                                                                {"bustype", "M"},
+                                                                                {"zqversion", "B.1"},
+                                                                                {"status", "s"}})),
               S_OK);
     std::vector<std::pair<std::string, std::string>> Attributes = {
         {"revision", "A"}, {"nextversion", "A.3"}, {"overwriteaccess", "true"}};
@@ -588,8 +584,7 @@ TEST(MabRixSAXHandlerObjectDetailsList, ValueRaisesWithoutAValueOrWithANonString
   ExpectUnexpectedError();
   KelError::KelCleanLastError();
   class OtherValue : public virtual MabIRixValue
-  {
-  };
+  {};
   EXPECT_EQ(Handler->Value(MabIRixValue_var::Adopt(new OtherValue())), E_FAIL);
   ExpectUnexpectedError();
 }
@@ -645,8 +640,8 @@ TEST(MabRixSAXHandlerObjectDetailsList, TextElementChildThatCannotStartIsReporte
   KelISAXParser_var spNoParser;
   const auto spRoot = KelVar<MabRixTestRootHandler>::Adopt(new MabRixTestRootHandler(spNoParser, nullptr, ""));
   MabRixCADObjectContext* pContext = &Context;
-  const auto spHandler = KelVar<MabRixSAXHandlerObjectDetailsList>::Adopt(
-      new MabRixSAXHandlerObjectDetailsList(*spRoot.Get(), pContext));
+  const auto spHandler =
+      KelVar<MabRixSAXHandlerObjectDetailsList>::Adopt(new MabRixSAXHandlerObjectDetailsList(*spRoot.Get(), pContext));
   EXPECT_EQ(spHandler->StartElement("Description", MabRixTestAttributeList::Make()), E_FAIL);
   ASSERT_EQ(Reporter.Count("ExpressionCheck:SUCCEEDED(hr)"), 1);
   EXPECT_EQ(Reporter.Reports().back()._Text, "ExpressionCheck:SUCCEEDED(hr)");

@@ -149,15 +149,15 @@ TEST_F(MabRixSAXHandlerObjectListTest, ReadsARealisticResponseEndToEnd)
   EXPECT_EQ(MabRixText(Part1, &MabERixMinorObject::GetOldName), "old_bracket.prt");
   EXPECT_EQ(MabRixDocumentIDOf(Part1), "component|bracket.prt|KelDLN://Work Area/bracket.prt");
   EXPECT_EQ(MabRixText(Part1, &MabERixMinorObject::GetMinorVersion), "1");
-  EXPECT_EQ(MabRixEntriesOf(Part1._ExtraAttributes),
-            (MabRixEntries{{"Description", "Mount bracket"}, {"renamedfrom", "old_bracket.prt"}, {"Material", "Steel"}}));
-  EXPECT_EQ(MabRixEntriesOf(Part1._ElementValues),
-            (MabRixEntries{{"Ver", "1"},
-                           {"Rev", "A"},
-                           {"Name", "Bracket"},
-                           {"Type", "Part"},
-                           {"State", "In Work"},
-                           {"preview", "/thumbs/bracket.png"}}));
+  EXPECT_EQ(
+      MabRixEntriesOf(Part1._ExtraAttributes),
+      (MabRixEntries{{"Description", "Mount bracket"}, {"renamedfrom", "old_bracket.prt"}, {"Material", "Steel"}}));
+  EXPECT_EQ(MabRixEntriesOf(Part1._ElementValues), (MabRixEntries{{"Ver", "1"},
+                                                                  {"Rev", "A"},
+                                                                  {"Name", "Bracket"},
+                                                                  {"Type", "Part"},
+                                                                  {"State", "In Work"},
+                                                                  {"preview", "/thumbs/bracket.png"}}));
   EXPECT_FALSE(Part1._bPointer);
 
   // Version 2: no preview (an empty thumbnail is set all the same), no old
@@ -205,9 +205,8 @@ TEST_F(MabRixSAXHandlerObjectListTest, ReadsARealisticResponseEndToEnd)
 TEST_F(MabRixSAXHandlerObjectListTest, ClosingTheListGivesTheParserBack)
 {
   MabRixTNRObjectContext* pContext = _Context.Get();
-  const MabRixTestReading Reading = MabRixRead(
-      std::string("<response>") + ThreeObjects + "<after/></response>", MabRixMake<MabRixSAXHandlerObjectList>(pContext),
-      "cadobjectlist");
+  const MabRixTestReading Reading = MabRixRead(std::string("<response>") + ThreeObjects + "<after/></response>",
+                                               MabRixMake<MabRixSAXHandlerObjectList>(pContext), "cadobjectlist");
   EXPECT_EQ(Reading._Result, S_OK);
   EXPECT_EQ(_Context.Minors(), 3u);
   EXPECT_EQ(Reading._spRoot->EventsAfterStart(), 3);
@@ -236,13 +235,14 @@ TEST_F(MabRixSAXHandlerObjectListTest, CadObjectWithZeroAttributesFailsWithoutAC
 
 TEST_F(MabRixSAXHandlerObjectListTest, AliasDirectoryBecomesALocationOnlyInItsExactForm)
 {
-  Read("<list>"
-       "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n1' type='t' dirname='[ALIAS|X]' filename='f'/>"
-       "<cadobject cadid='C2' zqversion='A.1' zqtype='T' name='n2' type='t' dirname='[alias|X]' filename='f'/>"
-       "<cadobject cadid='C3' zqversion='A.1' zqtype='T' name='n3' type='t' dirname='[ALIAS|X' filename='f'/>"
-       "<cadobject cadid='C4' zqversion='A.1' zqtype='T' name='n4' type='t' dirname='ALIAS|X]' filename='f'/>"
-       "<cadobject cadid='C5' zqversion='A.1' zqtype='T' name='n5' type='t' dirname='[ALIAS|Work Area]' filename=''/>"
-       "</list>");
+  Read(
+      "<list>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n1' type='t' dirname='[ALIAS|X]' filename='f'/>"
+      "<cadobject cadid='C2' zqversion='A.1' zqtype='T' name='n2' type='t' dirname='[alias|X]' filename='f'/>"
+      "<cadobject cadid='C3' zqversion='A.1' zqtype='T' name='n3' type='t' dirname='[ALIAS|X' filename='f'/>"
+      "<cadobject cadid='C4' zqversion='A.1' zqtype='T' name='n4' type='t' dirname='ALIAS|X]' filename='f'/>"
+      "<cadobject cadid='C5' zqversion='A.1' zqtype='T' name='n5' type='t' dirname='[ALIAS|Work Area]' filename=''/>"
+      "</list>");
   ASSERT_EQ(_Context.Minors(), 5u);
   EXPECT_EQ(MabRixDocumentIDOf(_Context.Minor(0)), "t|n1|KelDLN://X/f");
   EXPECT_EQ(MabRixDocumentIDOf(_Context.Minor(1)), "t|n2|[alias|X]/f");
@@ -267,8 +267,8 @@ TEST_F(MabRixSAXHandlerObjectListTest, FullVersionIsSplitAtItsLastDot)
 
 TEST_F(MabRixSAXHandlerObjectListTest, EmptyFullVersionFailsBeforeAnyCreation)
 {
-  const MabRixTestReading Reading =
-      Read("<list><cadobject cadid='C1' zqversion=''" + std::string(Minimal) + "><Ver>1</Ver><Rev>A</Rev></cadobject></list>");
+  const MabRixTestReading Reading = Read("<list><cadobject cadid='C1' zqversion=''" + std::string(Minimal) +
+                                         "><Ver>1</Ver><Rev>A</Rev></cadobject></list>");
   EXPECT_EQ(Reading._Result, E_FAIL);
   ExpectUnexpectedError();
   EXPECT_EQ(_Context.Objects(), 0u);
@@ -292,14 +292,15 @@ TEST_F(MabRixSAXHandlerObjectListTest, IsLockedIsTrueInAnyLetterCaseOnly)
 
 TEST_F(MabRixSAXHandlerObjectListTest, RenamedFromOnCadObjectWinsAndAnEmptyOneSetsNoOldName)
 {
-  Read("<list>"
-       "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n1' renamedfrom='from-attribute'>"
-       "<attribute><name>renamedfrom</name><value>from-element</value></attribute></cadobject>"
-       "<cadobject cadid='C2' zqversion='A.1' zqtype='T' name='n2' renamedfrom=''>"
-       "<attribute><name>renamedfrom</name><value>from-element</value></attribute></cadobject>"
-       "<cadobject cadid='C3' zqversion='A.1' zqtype='T' name='n3'>"
-       "<attribute><name>renamedfrom</name><value>from-element</value></attribute></cadobject>"
-       "</list>");
+  Read(
+      "<list>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n1' renamedfrom='from-attribute'>"
+      "<attribute><name>renamedfrom</name><value>from-element</value></attribute></cadobject>"
+      "<cadobject cadid='C2' zqversion='A.1' zqtype='T' name='n2' renamedfrom=''>"
+      "<attribute><name>renamedfrom</name><value>from-element</value></attribute></cadobject>"
+      "<cadobject cadid='C3' zqversion='A.1' zqtype='T' name='n3'>"
+      "<attribute><name>renamedfrom</name><value>from-element</value></attribute></cadobject>"
+      "</list>");
   ASSERT_EQ(_Context.Minors(), 3u);
   EXPECT_EQ(MabRixText(_Context.Minor(0), &MabERixMinorObject::GetOldName), "from-attribute");
   EXPECT_EQ(MabRixEntriesOf(_Context.Minor(0)._ExtraAttributes), (MabRixEntries{{"renamedfrom", "from-attribute"}}));
@@ -323,8 +324,9 @@ TEST_F(MabRixSAXHandlerObjectListTest, LockElementNeverOverridesTheLockStatusOfT
 {
   // The lock status is always set from "islocked" (false when absent), so
   // its query never fails and the Lock and LockedBy elements never apply.
-  Read("<list><cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n'>"
-       "<Lock>true</Lock><LockedBy>bob</LockedBy><State>Released</State></cadobject></list>");
+  Read(
+      "<list><cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n'>"
+      "<Lock>true</Lock><LockedBy>bob</LockedBy><State>Released</State></cadobject></list>");
   ASSERT_EQ(_Context.Majors(), 1u);
   EXPECT_EQ(MabRixFlag(_Context.Major(0), &MabERixMajorObject::GetLockStatus), 0);
   EXPECT_EQ(MabRixText(_Context.Major(0), &MabERixMajorObject::GetLockOwner), "");
@@ -335,11 +337,12 @@ TEST_F(MabRixSAXHandlerObjectListTest, ElementValuesFillInOnlyWhatIsUnset)
 {
   // The second version of the same object gives other names: the first ones
   // stay.
-  Read("<list>"
-       "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n'><Name>First</Name><State>S1</State></cadobject>"
-       "<cadobject cadid='C2' zqversion='A.2' zqtype='T' name='n'><Name>Second</Name><Type>Ty</Type>"
-       "<State>S2</State><Ver>7</Ver></cadobject>"
-       "</list>");
+  Read(
+      "<list>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n'><Name>First</Name><State>S1</State></cadobject>"
+      "<cadobject cadid='C2' zqversion='A.2' zqtype='T' name='n'><Name>Second</Name><Type>Ty</Type>"
+      "<State>S2</State><Ver>7</Ver></cadobject>"
+      "</list>");
   ASSERT_EQ(_Context.Objects(), 1u);
   EXPECT_EQ(MabRixText(_Context.Object(0), &MabERixObject::GetName), "First");
   EXPECT_EQ(MabRixText(_Context.Object(0), &MabERixObject::GetType), "Ty");
@@ -351,11 +354,11 @@ TEST_F(MabRixSAXHandlerObjectListTest, ElementValuesFillInOnlyWhatIsUnset)
 
 TEST_F(MabRixSAXHandlerObjectListTest, VersionRevisionAndPathsCarryOverToTheNextObject)
 {
-  const MabRixTestReading Reading =
-      Read("<list>"
-           "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n1' type='t' dirname='/d' filename='f1'/>"
-           "<cadobject cadid='C2' zqversion='nodot' zqtype='T' name='n2' type='t'/>"
-           "</list>");
+  const MabRixTestReading Reading = Read(
+      "<list>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n1' type='t' dirname='/d' filename='f1'/>"
+      "<cadobject cadid='C2' zqversion='nodot' zqtype='T' name='n2' type='t'/>"
+      "</list>");
   EXPECT_EQ(Reading._Result, S_OK);
   ASSERT_EQ(_Context.Minors(), 2u);
   EXPECT_EQ(_Context.Minor(1).GetKeyRevision(), "A");
@@ -365,11 +368,12 @@ TEST_F(MabRixSAXHandlerObjectListTest, VersionRevisionAndPathsCarryOverToTheNext
 
 TEST_F(MabRixSAXHandlerObjectListTest, OtherStateIsResetBetweenObjects)
 {
-  Read("<list>"
-       "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n1' busid='B' bustype='BT' uuid='U' oid='O'"
-       " locker='me' islocked='true' type='t' extra='x'><preview>p</preview><State>S</State></cadobject>"
-       "<cadobject cadid='C2' zqversion='A.1' zqtype='T' name='n2'/>"
-       "</list>");
+  Read(
+      "<list>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n1' busid='B' bustype='BT' uuid='U' oid='O'"
+      " locker='me' islocked='true' type='t' extra='x'><preview>p</preview><State>S</State></cadobject>"
+      "<cadobject cadid='C2' zqversion='A.1' zqtype='T' name='n2'/>"
+      "</list>");
   ASSERT_EQ(_Context.Minors(), 2u);
   const MabERixMinorObject& Second = _Context.Minor(1);
   EXPECT_EQ(MabRixText(Second, &MabERixMinorObject::GetMinorOID), "");
@@ -386,10 +390,11 @@ TEST_F(MabRixSAXHandlerObjectListTest, OtherStateIsResetBetweenObjects)
 
 TEST_F(MabRixSAXHandlerObjectListTest, ARepeatedCadIdFillsTheSameMinorObjectAgain)
 {
-  Read("<list>"
-       "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n' uuid='U1' k1='v1'/>"
-       "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n' uuid='U2' k2='v2'/>"
-       "</list>");
+  Read(
+      "<list>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n' uuid='U1' k1='v1'/>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n' uuid='U2' k2='v2'/>"
+      "</list>");
   ASSERT_EQ(_Context.Minors(), 1u);
   EXPECT_EQ(MabRixText(_Context.Minor(0), &MabERixMinorObject::GetMinorUUID), "U2");
   EXPECT_EQ(MabRixEntriesOf(_Context.Minor(0)._ExtraAttributes), (MabRixEntries{{"k2", "v2"}}));
@@ -397,10 +402,11 @@ TEST_F(MabRixSAXHandlerObjectListTest, ARepeatedCadIdFillsTheSameMinorObjectAgai
 
 TEST_F(MabRixSAXHandlerObjectListTest, DocumentIDIsSetOnlyOnce)
 {
-  Read("<list>"
-       "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n' type='t' dirname='/first' filename='f'/>"
-       "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n' type='t' dirname='/second' filename='f'/>"
-       "</list>");
+  Read(
+      "<list>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n' type='t' dirname='/first' filename='f'/>"
+      "<cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n' type='t' dirname='/second' filename='f'/>"
+      "</list>");
   ASSERT_EQ(_Context.Minors(), 1u);
   EXPECT_EQ(MabRixDocumentIDOf(_Context.Minor(0)), "t|n|/first/f");
 }
@@ -451,9 +457,9 @@ TEST_F(MabRixSAXHandlerObjectListTest, RaisesOnNullValue)
 TEST_F(MabRixSAXHandlerObjectListTest, RaisesWithoutAContext)
 {
   MabRixTNRObjectContext* pNoContext = nullptr;
-  const MabRixTestReading Reading = MabRixRead(
-      "<list><cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n'/></list>",
-      MabRixMake<MabRixSAXHandlerObjectList>(pNoContext));
+  const MabRixTestReading Reading =
+      MabRixRead("<list><cadobject cadid='C1' zqversion='A.1' zqtype='T' name='n'/></list>",
+                 MabRixMake<MabRixSAXHandlerObjectList>(pNoContext));
   EXPECT_EQ(Reading._Result, E_FAIL);
   ExpectUnexpectedError();
   EXPECT_EQ(Reading._spParser->GetCallbackFailureCount(), 1u);
@@ -551,10 +557,11 @@ TEST_F(MabRixSAXHandlerObjectListTest, APendingErrorSuppliesTheCodeAndKeepsItsPl
 
 TEST_F(MabRixSAXHandlerObjectListTest, TheNextObjectAfterAFailureStartsClean)
 {
-  const MabRixTestReading Reading = Read("<list>"
-                                         "<cadobject cadid='C1' zqversion='A.1' name='n' uuid='U1' k='v'/>"
-                                         "<cadobject cadid='C2' zqversion='B.2' zqtype='T' name='m'/>"
-                                         "</list>");
+  const MabRixTestReading Reading = Read(
+      "<list>"
+      "<cadobject cadid='C1' zqversion='A.1' name='n' uuid='U1' k='v'/>"
+      "<cadobject cadid='C2' zqversion='B.2' zqtype='T' name='m'/>"
+      "</list>");
   EXPECT_EQ(Reading._Result, E_FAIL);
   ASSERT_EQ(_Context.Minors(), 1u);
   EXPECT_EQ(_Context.Minor(0).GetObjectID(), MabRixObjectID(KelUnicodeString("C2")));

@@ -18,8 +18,8 @@ MabRixTestReading ReadList(const std::string& iXml)
 const MabRixStringMapValue& TheMap(const MabRixTestReading& iReading)
 {
   EXPECT_EQ(iReading.Values().size(), 1u);
-  const MabRixStringMapValue* pMap = iReading.Values().empty() ? nullptr
-                                                               : MabRixValueAs<MabRixStringMapValue>(iReading.Values()[0]);
+  const MabRixStringMapValue* pMap =
+      iReading.Values().empty() ? nullptr : MabRixValueAs<MabRixStringMapValue>(iReading.Values()[0]);
   if (!pMap)
     throw std::runtime_error("no map value was handed up");
   return *pMap;
@@ -97,16 +97,16 @@ TEST(MabRixSAXHandlerOverwriteFileList, NestedFileDetailsAtAnyDepthAreReadTheSam
 
 TEST(MabRixSAXHandlerOverwriteFileList, OtherElementsAndTextAreIgnored)
 {
-  const MabRixTestReading Reading = ReadList(
-      "<files>text<details busid='x' filename='x.prt'/><filedetail busid='y' filename='y.prt'/></files>");
+  const MabRixTestReading Reading =
+      ReadList("<files>text<details busid='x' filename='x.prt'/><filedetail busid='y' filename='y.prt'/></files>");
   EXPECT_EQ(TheMap(Reading)._Value.Size(), 0);
 }
 
 TEST(MabRixSAXHandlerOverwriteFileList, ClosingItsElementHandsTheParserBackAndTheMapUpOnce)
 {
-  const MabRixTestReading Reading = MabRixRead(
-      "<response><files><filedetails busid='1' filename='f'/></files><after/></response>",
-      MabRixMake<MabRixSAXHandlerOverwriteFileList>(), "files");
+  const MabRixTestReading Reading =
+      MabRixRead("<response><files><filedetails busid='1' filename='f'/></files><after/></response>",
+                 MabRixMake<MabRixSAXHandlerOverwriteFileList>(), "files");
   EXPECT_EQ(Reading._Result, S_OK);
   EXPECT_EQ(TheMap(Reading)._Value.Size(), 1);
   // <after/> start and end, then </response>, reach the root again.
@@ -148,8 +148,9 @@ TEST(MabRixSAXHandlerOverwriteFileList, NullAttributeListAddsNothing)
 TEST(MabRixSAXHandlerOverwriteFileList, IsRegisteredAsAHandler)
 {
   MabRixTestParent Parent;
-  MabIRixSAXHandler_var spHandler = MabIRixSAXHandler_var::Adopt(
-      CreateTIEMabIRixSAXHandlerMabRixSAXHandlerOverwriteFileList(*new MabRixSAXHandlerOverwriteFileList(Parent.Root())));
+  MabIRixSAXHandler_var spHandler =
+      MabIRixSAXHandler_var::Adopt(CreateTIEMabIRixSAXHandlerMabRixSAXHandlerOverwriteFileList(
+          *new MabRixSAXHandlerOverwriteFileList(Parent.Root())));
   EXPECT_EQ(std::string(spHandler->GetImpl()->IsA()), "MabRixSAXHandlerOverwriteFileList");
   EXPECT_TRUE(spHandler->GetImpl()->IsAKindOf("MabRixSAXHandlerBase"));
   EXPECT_EQ(std::string(spHandler->GetImpl()->GetMetaObject()->_Framework), "MabRixCommandModel");

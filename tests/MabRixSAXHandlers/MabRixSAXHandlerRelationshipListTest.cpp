@@ -29,9 +29,8 @@ struct RelationshipTest
 struct DirectRelationships
 {
   DirectRelationships()
-      : _pContext(_Context.Get()),
-        _spHandler(KelVar<MabRixSAXHandlerRelationshipList>::Adopt(
-            new MabRixSAXHandlerRelationshipList(_Parent.Root(), _pContext)))
+      : _pContext(_Context.Get()), _spHandler(KelVar<MabRixSAXHandlerRelationshipList>::Adopt(
+                                       new MabRixSAXHandlerRelationshipList(_Parent.Root(), _pContext)))
   {
   }
 
@@ -135,11 +134,12 @@ TEST(MabRixSAXHandlerRelationshipList, AttributeWhoseValueIsNotAStringAddsNothin
 TEST(MabRixSAXHandlerRelationshipList, XmlAttributeWinsOverAnAttributeElementOfTheSameName)
 {
   RelationshipTest List;
-  List.Read("<list><relationship rid='R' quantity='2'>"
-            "<attribute><name>quantity</name><value>3</value></attribute>"
-            "<attribute><name>side</name><value>left</value></attribute>"
-            "<attribute><name>side</name><value>right</value></attribute>"
-            "</relationship></list>");
+  List.Read(
+      "<list><relationship rid='R' quantity='2'>"
+      "<attribute><name>quantity</name><value>3</value></attribute>"
+      "<attribute><name>side</name><value>left</value></attribute>"
+      "<attribute><name>side</name><value>right</value></attribute>"
+      "</relationship></list>");
   ASSERT_EQ(List.Count(), 1u);
   EXPECT_EQ(MabRixEntriesOf(List.Relationship(0)._Attributes), (MabRixEntries{{"quantity", "2"}, {"side", "left"}}));
 }
@@ -158,8 +158,9 @@ TEST(MabRixSAXHandlerRelationshipList, ListWithoutRelationshipsCreatesNothing)
 TEST(MabRixSAXHandlerRelationshipList, KindAndIdCarryOverToTheNextRelationship)
 {
   RelationshipTest List;
-  List.Read("<list><relationship rid='R1' cadrelationship='K1'/><relationship rid='R2'/>"
-            "<relationship cadrelationship='K3'/></list>");
+  List.Read(
+      "<list><relationship rid='R1' cadrelationship='K1'/><relationship rid='R2'/>"
+      "<relationship cadrelationship='K3'/></list>");
   ASSERT_EQ(List.Count(), 3u);
   EXPECT_EQ(List.Relationship(1).GetID(), "R2");
   EXPECT_EQ(List.Relationship(1).GetKind(), "K1");
@@ -170,8 +171,9 @@ TEST(MabRixSAXHandlerRelationshipList, KindAndIdCarryOverToTheNextRelationship)
 TEST(MabRixSAXHandlerRelationshipList, RepeatedRelationshipGetsItsAttributesReplaced)
 {
   RelationshipTest List;
-  List.Read("<list><relationship rid='R' cadrelationship='K' a='1'/>"
-            "<relationship rid='R' cadrelationship='K' b='2'/></list>");
+  List.Read(
+      "<list><relationship rid='R' cadrelationship='K' a='1'/>"
+      "<relationship rid='R' cadrelationship='K' b='2'/></list>");
   ASSERT_EQ(List.Count(), 1u);
   EXPECT_EQ(MabRixEntriesOf(List.Relationship(0)._Attributes), (MabRixEntries{{"b", "2"}}));
 }
@@ -202,9 +204,9 @@ TEST(MabRixSAXHandlerRelationshipList, WithoutAContextTheConstructorReportsAndEv
     const MabRixTestReading Reading =
         MabRixRead("<list><relationship rid='R'/></list>", MabRixMake<MabRixSAXHandlerRelationshipList>(pNoContext));
     EXPECT_EQ(Reading._Result, E_FAIL);
-    EXPECT_EQ(Reporter.Texts(), (std::vector<std::string>{"ExpressionCheck:pObjectContext",
-                                                          "ExpressionCheck:_pObjectContext",
-                                                          "ExpressionCheck:_pObjectContext"}));
+    EXPECT_EQ(Reporter.Texts(),
+              (std::vector<std::string>{"ExpressionCheck:pObjectContext", "ExpressionCheck:_pObjectContext",
+                                        "ExpressionCheck:_pObjectContext"}));
     EXPECT_EQ(Reporter.Reports()[0]._File, File);
   }
   {

@@ -9,8 +9,8 @@
 #include "MabRixSavedQueryResultValue.h"
 #include "MabRixStringListValue.h"
 #include "MabRixStringValue.h"
-#include "MabRixTestSupport.h"
 #include "MabRixTestDirect.h"
+#include "MabRixTestSupport.h"
 
 namespace
 {
@@ -26,7 +26,10 @@ public:
   {
   }
 
-  HRESULT SetName(const KelUnicodeString& i) override { return Call("SetName", i, [&] { return Base::SetName(i); }); }
+  HRESULT SetName(const KelUnicodeString& i) override
+  {
+    return Call("SetName", i, [&] { return Base::SetName(i); });
+  }
   HRESULT SetDescription(const KelUnicodeString& i) override
   {
     return Call("SetDescription", i, [&] { return Base::SetDescription(i); });
@@ -60,7 +63,7 @@ public:
     return Call("AddProperty", Join({n, v}), [&] { return Base::AddProperty(n, v); });
   }
 
-  std::vector<std::string> _Calls;  // "Operation(arguments)"
+  std::vector<std::string> _Calls;      // "Operation(arguments)"
   KelError* _pErrorToRecord = nullptr;  // recorded as pending by the failing call
 
 private:
@@ -122,7 +125,8 @@ const MabRixSavedQueryRecord& RecordOf(const MabRixTestReading& iReading)
 {
   static const MabRixSavedQueryRecord None;
   const MabRixSavedQueryResultValue* pValue = ResultOf(iReading);
-  const MabRixSavedQueryRecord* pRecord = pValue ? KelImplCast<MabRixSavedQueryRecord>(pValue->GetQueryRecord()) : nullptr;
+  const MabRixSavedQueryRecord* pRecord =
+      pValue ? KelImplCast<MabRixSavedQueryRecord>(pValue->GetQueryRecord()) : nullptr;
   EXPECT_NE(pRecord, nullptr);
   return pRecord ? *pRecord : None;
 }
@@ -153,9 +157,10 @@ const char* const EveryOperation = R"(<savedquery>
   <criteria><property name="p">pv</property></criteria>
 </savedquery>)";
 
-const Calls EveryCall = {"SetName(Q)",       "SetDescription(D)",     "SetCriteriaName(CN)",
-                         "SetCriteriaRevision(R)", "SetCriteriaOwner(O)", "SetCriteriaVaults(V1|V2)",
-                         "SetCriteriaTypes(T1|T2)", "AddBasicProperty(b|bv)", "AddProperty(p|pv)"};
+const Calls EveryCall = {
+    "SetName(Q)",          "SetDescription(D)",        "SetCriteriaName(CN)",     "SetCriteriaRevision(R)",
+    "SetCriteriaOwner(O)", "SetCriteriaVaults(V1|V2)", "SetCriteriaTypes(T1|T2)", "AddBasicProperty(b|bv)",
+    "AddProperty(p|pv)"};
 }  // namespace
 
 TEST(MabRixSAXHandlerSavedQueryResult, RealisticResponseIsReadWhole)
@@ -245,8 +250,8 @@ TEST(MabRixSAXHandlerSavedQueryResult, PropertyWithoutTypeIsNotBasic)
 {
   KelVar<ScriptedRecord> spRecord = KelVar<ScriptedRecord>::Adopt(new ScriptedRecord());
   // The name is "basic": a stale read of it must not be taken as the type.
-  const MabRixTestReading Reading = ReadQuery("<q><criteria><property name='basic'>1</property></criteria></q>",
-                                              spRecord.Get());
+  const MabRixTestReading Reading =
+      ReadQuery("<q><criteria><property name='basic'>1</property></criteria></q>", spRecord.Get());
   EXPECT_EQ(spRecord->_Calls, (Calls{"AddProperty(basic|1)"}));
 }
 
@@ -291,8 +296,8 @@ TEST(MabRixSAXHandlerSavedQueryResult, TypeWithTwoNamesGivesATwoElementListAndVa
 TEST(MabRixSAXHandlerSavedQueryResult, ElementOfTheOwnNameNestedInsideDoesNotCloseItEarly)
 {
   KelVar<ScriptedRecord> spRecord = KelVar<ScriptedRecord>::Adopt(new ScriptedRecord());
-  const MabRixTestReading Reading = MabRixRead(
-      "<doc><q><q></q><name>after inner</name></q><name>outside</name></doc>", WithRecord(spRecord.Get()), "q");
+  const MabRixTestReading Reading = MabRixRead("<doc><q><q></q><name>after inner</name></q><name>outside</name></doc>",
+                                               WithRecord(spRecord.Get()), "q");
   ASSERT_EQ(Reading.Values().size(), 1u);
   EXPECT_EQ(ResultOf(Reading)->_SavedQueryID, MabRixSavedQueryID("after inner", ""));
   EXPECT_EQ(spRecord->_Calls, (Calls{"SetName(after inner)"}));
@@ -326,17 +331,16 @@ TEST(MabRixSAXHandlerSavedQueryResult, FailingSetCriteriaOwnerReachesTheParserAs
 // call of the reading is still made.
 TEST(MabRixSAXHandlerSavedQueryResult, EachRecordOperationFailingInTurn)
 {
-  const char* const Operations[] = {"SetName",           "SetDescription",    "SetCriteriaName",
-                                    "SetCriteriaRevision", "SetCriteriaOwner", "SetCriteriaVaults",
-                                    "SetCriteriaTypes",  "AddBasicProperty",  "AddProperty"};
-  const char* const Elements[] = {"name", "description", "name", "revision", "owner",
-                                  "vault", "type", "property", "property"};
+  const char* const Operations[] = {"SetName",          "SetDescription",    "SetCriteriaName",  "SetCriteriaRevision",
+                                    "SetCriteriaOwner", "SetCriteriaVaults", "SetCriteriaTypes", "AddBasicProperty",
+                                    "AddProperty"};
+  const char* const Elements[] = {"name",  "description", "name",     "revision", "owner",
+                                  "vault", "type",        "property", "property"};
   for (int i = 0; i < 9; ++i)
   {
     SCOPED_TRACE(Operations[i]);
     KelError::KelCleanLastError();
-    KelVar<ScriptedRecord> spRecord =
-        KelVar<ScriptedRecord>::Adopt(new ScriptedRecord(Operations[i], E_UNEXPECTED));
+    KelVar<ScriptedRecord> spRecord = KelVar<ScriptedRecord>::Adopt(new ScriptedRecord(Operations[i], E_UNEXPECTED));
     const MabRixTestReading Reading = ReadQuery(EveryOperation, spRecord.Get());
     EXPECT_EQ(spRecord->_Calls, EveryCall);
     const std::vector<KelSAXCallbackFailure>& Failures = Reading._spParser->GetCallbackFailures();
@@ -442,8 +446,8 @@ TEST(MabRixSAXHandlerSavedQueryResult, CriteriaFlagFollowsCriteriaWithoutNesting
 {
   KelVar<ScriptedRecord> spRecord = KelVar<ScriptedRecord>::Adopt(new ScriptedRecord());
   // The inner end clears the flag although the outer criteria is still open.
-  const MabRixTestReading Reading = ReadQuery(
-      "<q><criteria><criteria></criteria><name>n</name></criteria></q>", spRecord.Get());
+  const MabRixTestReading Reading =
+      ReadQuery("<q><criteria><criteria></criteria><name>n</name></criteria></q>", spRecord.Get());
   EXPECT_EQ(spRecord->_Calls, (Calls{"SetName(n)"}));
 }
 

@@ -95,7 +95,8 @@ TEST(MabRixSAXHandlerStringListMap, NestedElementFailsAfterReportingFalse)
     MabRixTestReporter Reporter(Answer);
     MabRixTestReading Reading = MabRixRead("<m>a=1<x/></m>", ListMap(";", "=", ","));
     EXPECT_EQ(Reading._Result, E_FAIL);
-    EXPECT_EQ(Reporter.Texts(), (MabRixStrings{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
+    EXPECT_EQ(Reporter.Texts(),
+              (MabRixStrings{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
     MabRixExpectReportsFrom(Reporter, Class);
     ASSERT_EQ(Reading.Values().size(), Answer == MabRixTestReporter::GoOn ? 2u : 1u);
     EXPECT_EQ(Reading._spParser->GetCallbackFailures().size(), Answer == MabRixTestReporter::GoOn ? 1u : 2u);

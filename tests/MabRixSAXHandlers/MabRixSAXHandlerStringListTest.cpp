@@ -72,7 +72,8 @@ TEST(MabRixSAXHandlerStringList, TextFedByteByByteIsCutOnce)
 
 TEST(MabRixSAXHandlerStringList, WhiteSpaceAroundPiecesIsKept)
 {
-  MabRixTestReading Reading = MabRixRead("<l> a , b\n, c </l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
+  MabRixTestReading Reading =
+      MabRixRead("<l> a , b\n, c </l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
   ASSERT_EQ(Reading.Values().size(), 1u);
   EXPECT_EQ(ItemsOf(Reading.Values()[0]), (MabRixStrings{" a ", " b\n", " c "}));
 }
@@ -82,7 +83,8 @@ TEST(MabRixSAXHandlerStringList, NestedElementFailsAfterReportingFalse)
   const MabRixStrings Texts{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"};
   {
     MabRixTestReporter Reporter(MabRixTestReporter::Stop);
-    MabRixTestReading Reading = MabRixRead("<l>a,<x/>b</l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
+    MabRixTestReading Reading =
+        MabRixRead("<l>a,<x/>b</l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
     EXPECT_EQ(Reading._Result, E_FAIL);
     ASSERT_EQ(Reading._spParser->GetCallbackFailures().size(), 2u);
     EXPECT_STREQ(Reading._spParser->GetCallbackFailures()[0]._Event, "StartElement");
@@ -95,7 +97,8 @@ TEST(MabRixSAXHandlerStringList, NestedElementFailsAfterReportingFalse)
   {
     // Going on, the nested end delivers what was read so far.
     MabRixTestReporter Reporter(MabRixTestReporter::GoOn);
-    MabRixTestReading Reading = MabRixRead("<l>a,<x/>b</l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
+    MabRixTestReading Reading =
+        MabRixRead("<l>a,<x/>b</l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
     EXPECT_EQ(Reading._Result, E_FAIL);
     ASSERT_EQ(Reading._spParser->GetCallbackFailures().size(), 1u);
     EXPECT_EQ(Reporter.Texts(), Texts);
@@ -110,7 +113,8 @@ TEST(MabRixSAXHandlerStringList, EndOfNestedElementOfTheSameNameStopsOrDeliversE
 {
   {
     MabRixTestReporter Reporter(MabRixTestReporter::Stop);
-    MabRixTestReading Reading = MabRixRead("<l>a,<l>b</l>,c</l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
+    MabRixTestReading Reading =
+        MabRixRead("<l>a,<l>b</l>,c</l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
     EXPECT_EQ(Reporter.Count("ExpressionCheck:this->StopIfNecessary(iName)"), 1);
     MabRixExpectReportsFrom(Reporter, Class);
     ASSERT_EQ(Reading.Values().size(), 1u);
@@ -118,7 +122,8 @@ TEST(MabRixSAXHandlerStringList, EndOfNestedElementOfTheSameNameStopsOrDeliversE
   }
   {
     MabRixTestReporter Reporter(MabRixTestReporter::GoOn);
-    MabRixTestReading Reading = MabRixRead("<l>a,<l>b</l>,c</l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
+    MabRixTestReading Reading =
+        MabRixRead("<l>a,<l>b</l>,c</l>", MabRixMake<MabRixSAXHandlerStringList>(KelUnicodeString(",")));
     EXPECT_EQ(Reporter.Count("ExpressionCheck:this->StopIfNecessary(iName)"), 1);
     ASSERT_EQ(Reading.Values().size(), 2u);
     EXPECT_EQ(ItemsOf(Reading.Values()[0]), (MabRixStrings{"a", "b"}));

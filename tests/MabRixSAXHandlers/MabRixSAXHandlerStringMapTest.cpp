@@ -61,7 +61,8 @@ TEST(MabRixSAXHandlerStringMap, EmptyElementGivesTheSplitOfTheEmptyText)
 TEST(MabRixSAXHandlerStringMap, SeparatorCutAcrossTwoTextPiecesIsStillFound)
 {
   MabRixTestTree Tree;
-  MabIRixSAXHandler_var spHandler = MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerStringMap(Tree.Root(), ";;", "=="));
+  MabIRixSAXHandler_var spHandler =
+      MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerStringMap(Tree.Root(), ";;", "=="));
   ASSERT_EQ(spHandler->StartHandlingEvents("m", nullptr), S_OK);
   for (const char* Piece : {"a=", "=1;", ";b", "==2"})
     EXPECT_EQ(spHandler->Characters(Piece), S_OK);
@@ -88,7 +89,8 @@ TEST(MabRixSAXHandlerStringMap, NestedElementFailsAfterReportingFalse)
     MabRixTestReporter Reporter(Answer);
     MabRixTestReading Reading = MabRixRead("<m>a=1<x></x></m>", Map(";", "="));
     EXPECT_EQ(Reading._Result, E_FAIL);
-    EXPECT_EQ(Reporter.Texts(), (MabRixStrings{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
+    EXPECT_EQ(Reporter.Texts(),
+              (MabRixStrings{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
     MabRixExpectReportsFrom(Reporter, Class);
     // Going on, the nested end hands up a value early; stopping, it fails.
     ASSERT_EQ(Reading.Values().size(), Answer == MabRixTestReporter::GoOn ? 2u : 1u);

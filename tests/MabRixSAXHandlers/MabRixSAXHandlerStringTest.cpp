@@ -45,10 +45,7 @@ TEST(MabRixSAXHandlerString, EmptyElementGivesTheEmptyString)
   EXPECT_EQ(Read("<v/>"), "");
 }
 
-TEST(MabRixSAXHandlerString, AttributesAreIgnored)
-{
-  EXPECT_EQ(Read("<v name=\"x\" value=\"y\">text</v>"), "text");
-}
+TEST(MabRixSAXHandlerString, AttributesAreIgnored) { EXPECT_EQ(Read("<v name=\"x\" value=\"y\">text</v>"), "text"); }
 
 TEST(MabRixSAXHandlerString, TextDeliveredInSeveralCharactersCallsIsConcatenatedInOrder)
 {
@@ -86,7 +83,8 @@ TEST(MabRixSAXHandlerString, NestedElementReportsFalseAndFailsOnStop)
   EXPECT_EQ(Reporter.Reports()[0]._File, StringFile);
   // The nested closing tag is not the handler's: stop drops it; the own
   // closing tag delivers the whole text, nested text included.
-  EXPECT_EQ(Reporter.Texts(), (std::vector<std::string>{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
+  EXPECT_EQ(Reporter.Texts(),
+            (std::vector<std::string>{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
   EXPECT_EQ(Reporter.Reports()[1]._File, StringFile);
   ASSERT_EQ(Reading._spParser->GetCallbackFailures().size(), 2u);
   EXPECT_STREQ(Reading._spParser->GetCallbackFailures()[1]._Event, "EndElement");
@@ -121,7 +119,8 @@ TEST(MabRixSAXHandlerString, GoOnScenarioDeliversTwoValues)
   // second after it handed the parser back.
   EXPECT_EQ(Run._spRoot->_ParserBackAtValue, (std::vector<bool>{false, true}));
   EXPECT_EQ(Run._spRoot->_Seen, (std::vector<std::string>{"<r>", "<v>", "<after>", "</after>", "</r>"}));
-  EXPECT_EQ(Reporter.Texts(), (std::vector<std::string>{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
+  EXPECT_EQ(Reporter.Texts(),
+            (std::vector<std::string>{"ExpressionCheck:FALSE", "ExpressionCheck:this->StopIfNecessary(iName)"}));
   for (const MabRixCheckReport& Report : Reporter.Reports())
     EXPECT_EQ(Report._File, StringFile);
   EXPECT_EQ(Run._spRoot->_Values[0]->GetRefCount(), 1u);

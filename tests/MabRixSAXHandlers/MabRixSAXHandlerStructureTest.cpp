@@ -26,7 +26,8 @@ struct StructureTest
 
   bool Pointer(const char* iCADID)
   {
-    return KelImplCast<MabERixMinorObject>(_Context.Get()->GetMinorObject(MabRixObjectID(KelUnicodeString(iCADID))).Get())
+    return KelImplCast<MabERixMinorObject>(
+               _Context.Get()->GetMinorObject(MabRixObjectID(KelUnicodeString(iCADID))).Get())
         ->_bPointer;
   }
 
@@ -35,8 +36,8 @@ struct StructureTest
   {
     std::vector<std::string> Result;
     for (const MabERixRelation_var& spRelation : _Context.Get()->GetRelations())
-      Result.push_back(spRelation->GetFromObjectID().GetID().ToUtf8() + " -" + spRelation->GetRelationshipID().ToUtf8() +
-                       "-> " + spRelation->GetToObjectID().GetID().ToUtf8());
+      Result.push_back(spRelation->GetFromObjectID().GetID().ToUtf8() + " -" +
+                       spRelation->GetRelationshipID().ToUtf8() + "-> " + spRelation->GetToObjectID().GetID().ToUtf8());
     return Result;
   }
 
@@ -67,9 +68,10 @@ TEST(MabRixSAXHandlerStructure, RootLevelZeroMarksEveryObjectButTheOutermostOnes
 TEST(MabRixSAXHandlerStructure, AnotherRootLevelLeavesOnlyThatLevelUnmarked)
 {
   StructureTest Tree({"top", "child", "grandchild"});
-  Tree.Read("<s><cadobject cadid='top'><cadobject cadid='child'><cadobject cadid='grandchild'/></cadobject>"
-            "</cadobject></s>",
-            1);
+  Tree.Read(
+      "<s><cadobject cadid='top'><cadobject cadid='child'><cadobject cadid='grandchild'/></cadobject>"
+      "</cadobject></s>",
+      1);
   EXPECT_TRUE(Tree.Pointer("top"));
   EXPECT_FALSE(Tree.Pointer("child"));
   EXPECT_TRUE(Tree.Pointer("grandchild"));
@@ -106,9 +108,10 @@ TEST(MabRixSAXHandlerStructure, RelationshipRelatesTheEnclosingObjectToTheInnerm
 TEST(MabRixSAXHandlerStructure, TwoRelationshipsInOneObjectGiveTwoRelationsAndTheSecondIdIsEmptyWithoutRid)
 {
   StructureTest Tree({"outer", "inner"});
-  Tree.Read("<s><cadobject cadid='outer'><cadobject cadid='inner'>"
-            "<relationship rid='R1'/><relationship/>"
-            "</cadobject></cadobject></s>");
+  Tree.Read(
+      "<s><cadobject cadid='outer'><cadobject cadid='inner'>"
+      "<relationship rid='R1'/><relationship/>"
+      "</cadobject></cadobject></s>");
   EXPECT_EQ(Tree.Relations(), (Texts{"outer -R1-> inner", "outer --> inner"}));
 }
 
@@ -117,9 +120,10 @@ TEST(MabRixSAXHandlerStructure, RelationshipWithoutRidInsideItsElementKeepsTheId
   // "rid" is read when relationship starts and emptied when it ends: a
   // nested relationship without "rid" takes the enclosing one's.
   StructureTest Tree({"outer", "inner"});
-  Tree.Read("<s><cadobject cadid='outer'><cadobject cadid='inner'>"
-            "<relationship rid='R1'><relationship/></relationship>"
-            "</cadobject></cadobject></s>");
+  Tree.Read(
+      "<s><cadobject cadid='outer'><cadobject cadid='inner'>"
+      "<relationship rid='R1'><relationship/></relationship>"
+      "</cadobject></cadobject></s>");
   EXPECT_EQ(Tree.Relations(), (Texts{"outer -R1-> inner", "outer --> inner"}));
 }
 

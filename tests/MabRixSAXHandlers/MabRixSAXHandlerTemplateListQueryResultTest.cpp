@@ -98,8 +98,8 @@ TEST(MabRixSAXHandlerTemplateListQueryResult, RowWithFormatButNoFilenameCarriesT
 
 TEST(MabRixSAXHandlerTemplateListQueryResult, RowWithoutFormatCarriesTheEarlierFormat)
 {
-  const MabRixTestReading Reading = ReadTemplates(
-      "<t><row oid='1'><filename>a</filename><format>prt</format></row><row oid='2'/></t>");
+  const MabRixTestReading Reading =
+      ReadTemplates("<t><row oid='1'><filename>a</filename><format>prt</format></row><row oid='2'/></t>");
   const MabRixTemplateDetailsKelUnicodeStringDico& Templates = TemplatesOf(Reading);
   EXPECT_EQ(Templates["2"], Template("", "2", "", "", "a", "prt"));
 }

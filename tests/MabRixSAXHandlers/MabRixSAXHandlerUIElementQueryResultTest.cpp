@@ -60,9 +60,9 @@ TEST(MabRixSAXHandlerUIElementQueryResult, RealisticResponseIsReadWhole)
   EXPECT_EQ(Reading._Result, S_OK);
   EXPECT_TRUE(Reporter.Reports().empty());
   const MabRixUIElementQueryResultValue& Result = ResultOf(Reading);
-  EXPECT_EQ(Result._UIElementIDs, (MabRixUIElementIDList{ID("Toolbar", "Design Toolbar", 1),
-                                                          ID("Toolbar", "My Drawing Tools", 0),
-                                                          ID("Toolbar", "Review", 1)}));
+  EXPECT_EQ(Result._UIElementIDs,
+            (MabRixUIElementIDList{ID("Toolbar", "Design Toolbar", 1), ID("Toolbar", "My Drawing Tools", 0),
+                                   ID("Toolbar", "Review", 1)}));
   ASSERT_EQ(Result._DefaultUIElementIDs.Size(), 5);
   auto It = Result._DefaultUIElementIDs.begin();
   const char* const Keys[] = {"CAD Part", "CAD Assembly", "CAD Drawing", "Document", "Markup"};
@@ -97,8 +97,7 @@ TEST(MabRixSAXHandlerUIElementQueryResult, RowWithoutIssystemAfterASystemRowIsAl
 {
   const MabRixTestReading Reading =
       ReadElements("<u><row><name>A</name><issystem>true</issystem></row><row><name>B</name></row></u>");
-  EXPECT_EQ(ResultOf(Reading)._UIElementIDs,
-            (MabRixUIElementIDList{ID("Toolbar", "A", 1), ID("Toolbar", "B", 1)}));
+  EXPECT_EQ(ResultOf(Reading)._UIElementIDs, (MabRixUIElementIDList{ID("Toolbar", "A", 1), ID("Toolbar", "B", 1)}));
 }
 
 TEST(MabRixSAXHandlerUIElementQueryResult, SystemFlagIsFalseBeforeTheFirstIssystem)
@@ -127,8 +126,9 @@ TEST(MabRixSAXHandlerUIElementQueryResult, EmptyResponseGivesAnEmptyListAndDicti
 
 TEST(MabRixSAXHandlerUIElementQueryResult, ValueGoesToTheParentOnceWhenTheOwnElementCloses)
 {
-  const MabRixTestReading Reading = MabRixRead("<r><u><row><name>a</name></row></u><after/></r>",
-                                               MabRixMake<MabRixSAXHandlerUIElementQueryResult>(KelUnicodeString("k")), "u");
+  const MabRixTestReading Reading =
+      MabRixRead("<r><u><row><name>a</name></row></u><after/></r>",
+                 MabRixMake<MabRixSAXHandlerUIElementQueryResult>(KelUnicodeString("k")), "u");
   ASSERT_EQ(Reading.Values().size(), 1u);
   EXPECT_EQ(Reading.Values()[0].Get()->GetImpl(), HandlerOf(Reading)->GetUIElementQueryResultValue());
   EXPECT_EQ(Reading._spRoot->EventsAfterStart(), 3);

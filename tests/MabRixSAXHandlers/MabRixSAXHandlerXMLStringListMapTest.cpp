@@ -38,7 +38,7 @@ TEST(MabRixSAXHandlerXMLStringListMap, IsRegisteredUnderItsOwnName)
   MabRixTestTree Tree;
   MabRixSAXHandlerXMLStringListMap* pHandler = new MabRixSAXHandlerXMLStringListMap(Tree.Root(), ",");
   MabRixExpectRegistered<MabRixSAXHandlerXMLStringListMap>(*pHandler, Class,
-                                                          {"MabRixSAXHandlerBase", "KelBaseUnknown"});
+                                                           {"MabRixSAXHandlerBase", "KelBaseUnknown"});
   EXPECT_EQ(CreateTIEMabIRixSAXHandlerMabRixSAXHandlerXMLStringListMap(*pHandler),
             static_cast<MabIRixSAXHandler*>(pHandler));
   pHandler->Release();
@@ -89,7 +89,8 @@ TEST(MabRixSAXHandlerXMLStringListMap, EmptyMapHandsUpAnEmptyValue)
 TEST(MabRixSAXHandlerXMLStringListMap, ValueThatIsNotAnAttributeFails)
 {
   MabRixTestTree Tree;
-  MabIRixSAXHandler_var spHandler = MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerXMLStringListMap(Tree.Root(), ","));
+  MabIRixSAXHandler_var spHandler =
+      MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerXMLStringListMap(Tree.Root(), ","));
   {
     MabRixTestReporter Reporter(MabRixTestReporter::Stop);
     EXPECT_EQ(spHandler->Value(MabIRixValue_var::Adopt(new MabRixStringListValue())), E_FAIL);

@@ -37,7 +37,8 @@ TEST(MabRixSAXHandlerXMLStringList, IsRegisteredUnderItsOwnName)
 TEST(MabRixSAXHandlerXMLStringList, ReadsTheItemTextsInDocumentOrder)
 {
   MabRixTestReporter Reporter;
-  MabRixTestReading Reading = MabRixRead("<list><item>a</item><item> b </item><item/><item>a</item></list>", ListOf("item"));
+  MabRixTestReading Reading =
+      MabRixRead("<list><item>a</item><item> b </item><item/><item>a</item></list>", ListOf("item"));
   EXPECT_EQ(Reading._Result, S_OK);
   EXPECT_EQ(ItemsOf(Reading), (MabRixStrings{"a", " b ", "", "a"}));
   EXPECT_STREQ(Reading.Values()[0]->GetImpl()->IsA(), "MabRixStringListValue");
@@ -66,8 +67,8 @@ TEST(MabRixSAXHandlerXMLStringList, EmptyItemNameFailsEveryStartElement)
 TEST(MabRixSAXHandlerXMLStringList, OtherElementsAreIgnoredWithTheirTextAndTheirEndsSucceed)
 {
   MabRixTestReporter Reporter;
-  MabRixTestReading Reading =
-      MabRixRead("<list>lead<item>a</item><other>zzz<deeper>y</deeper></other><item>b</item>tail</list>", ListOf("item"));
+  MabRixTestReading Reading = MabRixRead(
+      "<list>lead<item>a</item><other>zzz<deeper>y</deeper></other><item>b</item>tail</list>", ListOf("item"));
   EXPECT_EQ(Reading._Result, S_OK);
   EXPECT_TRUE(Reading._spParser->GetCallbackFailures().empty());
   EXPECT_EQ(ItemsOf(Reading), (MabRixStrings{"a", "b"}));
@@ -85,7 +86,8 @@ TEST(MabRixSAXHandlerXMLStringList, EmptyListHandsUpAnEmptyValue)
 TEST(MabRixSAXHandlerXMLStringList, ValueOutsideAnItemFails)
 {
   MabRixTestTree Tree;
-  MabIRixSAXHandler_var spHandler = MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerXMLStringList(Tree.Root(), "item"));
+  MabIRixSAXHandler_var spHandler =
+      MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerXMLStringList(Tree.Root(), "item"));
   const MabIRixValue_var spValue = MabIRixValue_var::Adopt(new MabRixStringValue());
   EXPECT_EQ(spHandler->Value(spValue), E_FAIL);
 }

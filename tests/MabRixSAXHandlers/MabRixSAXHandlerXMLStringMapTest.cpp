@@ -48,15 +48,16 @@ TEST(MabRixSAXHandlerXMLStringMap, IsRegisteredUnderItsOwnName)
   MabRixTestTree Tree;
   MabRixSAXHandlerXMLStringMap* pHandler = new MabRixSAXHandlerXMLStringMap(Tree.Root());
   MabRixExpectRegistered<MabRixSAXHandlerXMLStringMap>(*pHandler, Class, {"MabRixSAXHandlerBase", "KelBaseUnknown"});
-  EXPECT_EQ(CreateTIEMabIRixSAXHandlerMabRixSAXHandlerXMLStringMap(*pHandler), static_cast<MabIRixSAXHandler*>(pHandler));
+  EXPECT_EQ(CreateTIEMabIRixSAXHandlerMabRixSAXHandlerXMLStringMap(*pHandler),
+            static_cast<MabIRixSAXHandler*>(pHandler));
   pHandler->Release();
 }
 
 TEST(MabRixSAXHandlerXMLStringMap, AttributeModeReadsAttributeNamesAndStringValues)
 {
   MabRixTestReporter Reporter;
-  MabRixTestReading Reading =
-      MabRixRead("<map>" + Attribute("b", " 2 ") + Attribute("a", "1,x") + Attribute("e", "") + "</map>", AttributeMode());
+  MabRixTestReading Reading = MabRixRead(
+      "<map>" + Attribute("b", " 2 ") + Attribute("a", "1,x") + Attribute("e", "") + "</map>", AttributeMode());
   EXPECT_EQ(Reading._Result, S_OK);
   EXPECT_EQ(EntriesOf(Reading), (MabRixPairs{{"b", " 2 "}, {"a", "1,x"}, {"e", ""}}));
   EXPECT_STREQ(Reading.Values()[0]->GetImpl()->IsA(), "MabRixStringMapValue");
@@ -93,9 +94,9 @@ TEST(MabRixSAXHandlerXMLStringMap, KeyValueModeSecondValueForOneKeyIsIgnored)
 
 TEST(MabRixSAXHandlerXMLStringMap, KeyValueModeEmptyKeySuppressesTheEntry)
 {
-  MabRixTestReading Reading = MabRixRead(
-      "<map><key>A</key><value>1</value><key></key><value>2</value><key>B</key><value>3</value></map>",
-      KeyValueMode("key", "value"));
+  MabRixTestReading Reading =
+      MabRixRead("<map><key>A</key><value>1</value><key></key><value>2</value><key>B</key><value>3</value></map>",
+                 KeyValueMode("key", "value"));
   EXPECT_EQ(EntriesOf(Reading), (MabRixPairs{{"A", "1"}, {"B", "3"}}));
 }
 

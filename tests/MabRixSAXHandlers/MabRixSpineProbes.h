@@ -25,7 +25,10 @@ template <class H>
 class MabRixCounted : public H
 {
 public:
-  MabRixCounted(MabRixSAXHandlerBase& iParent, MabRixLifeCount& ioCount) : H(iParent), _Count(ioCount) { ++_Count._Built; }
+  MabRixCounted(MabRixSAXHandlerBase& iParent, MabRixLifeCount& ioCount) : H(iParent), _Count(ioCount)
+  {
+    ++_Count._Built;
+  }
   ~MabRixCounted() override { ++_Count._Destroyed; }
 
 private:
@@ -47,7 +50,8 @@ class MabRixProbeRoot : public MabRixSAXHandlerBase
 public:
   MabRixProbeRoot(KelISAXParser_var& iParser, std::string iChildName, MabRixHandlerFactory iFactory,
                   MabRixLifeCount* ipCount = nullptr)
-      : MabRixSAXHandlerBase(iParser), _ChildName(std::move(iChildName)), _Factory(std::move(iFactory)), _pCount(ipCount)
+      : MabRixSAXHandlerBase(iParser), _ChildName(std::move(iChildName)), _Factory(std::move(iFactory)),
+        _pCount(ipCount)
   {
     if (_pCount)
       ++_pCount->_Built;

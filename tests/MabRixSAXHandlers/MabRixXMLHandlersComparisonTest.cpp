@@ -33,10 +33,7 @@ MabRixSAXHandlerBase* Impl(const MabIRixSAXHandler_var& iHandler)
   return KelImplCast<MabRixSAXHandlerBase>(iHandler.Get());
 }
 
-std::string ClassOf(const MabIRixSAXHandler_var& iHandler)
-{
-  return !iHandler ? "<none>" : iHandler->GetImpl()->IsA();
-}
+std::string ClassOf(const MabIRixSAXHandler_var& iHandler) { return !iHandler ? "<none>" : iHandler->GetImpl()->IsA(); }
 
 MabRixStrings ListIn(const MabRixTestReading& iReading)
 {
@@ -110,7 +107,8 @@ TEST(MabRixXMLHandlersDiffer, Items)
       MabRixRead("<l><item>a</item><attribute><name>n</name><value>v</value></attribute><key>k</key></l>", XMLList());
   EXPECT_EQ(ListIn(List), (MabRixStrings{"a"}));
   // The map reads attribute elements, or key/value pairs in the other mode.
-  MabRixTestReading Map = MabRixRead("<m><item>a</item>" + Attribute("n", "v") + "<key>k</key><value>w</value></m>", XMLMap());
+  MabRixTestReading Map =
+      MabRixRead("<m><item>a</item>" + Attribute("n", "v") + "<key>k</key><value>w</value></m>", XMLMap());
   EXPECT_EQ(MapIn(Map), (MabRixPairs{{"n", "v"}}));
   MabRixTestReading Pairs =
       MabRixRead("<m><item>a</item>" + Attribute("n", "v") + "<key>k</key><value>w</value></m>", XMLKeyValueMap());
@@ -172,8 +170,9 @@ TEST(MabRixXMLHandlersDiffer, ValueTypeTest)
     const MabIRixSAXHandler_var spHandler = MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerXMLStringMap(Tree.Root()));
     EXPECT_EQ(spHandler->Value(spList), S_OK);
     EXPECT_EQ(spHandler->Value(spAttributeWithList), S_OK);
-    EXPECT_EQ(Reporter.Texts(), (MabRixStrings{"ExpressionCheck:!!iValue && MabIRixValue_Type == \"MabRixAttributeValue\"",
-                                               "ExpressionCheck:MabIRixValue_Type == \"MabRixStringValue\""}));
+    EXPECT_EQ(Reporter.Texts(),
+              (MabRixStrings{"ExpressionCheck:!!iValue && MabIRixValue_Type == \"MabRixAttributeValue\"",
+                             "ExpressionCheck:MabIRixValue_Type == \"MabRixStringValue\""}));
     MabRixExpectReportsFrom(Reporter, "MabRixSAXHandlerXMLStringMap");
   }
   {
@@ -185,8 +184,9 @@ TEST(MabRixXMLHandlersDiffer, ValueTypeTest)
     EXPECT_EQ(spHandler->Value(spAttributeWithList), S_OK);
     pAttribute->_Value = MabIRixValue_var::Adopt(new MabRixStringValue());
     EXPECT_EQ(spHandler->Value(spAttributeWithList), E_FAIL);
-    EXPECT_EQ(Reporter.Texts(), (MabRixStrings{"ExpressionCheck:!!iValue && MabIRixValue_Type == \"MabRixAttributeValue\"",
-                                               "ExpressionCheck:MabIRixValue_Type == \"MabRixStringListValue\""}));
+    EXPECT_EQ(Reporter.Texts(),
+              (MabRixStrings{"ExpressionCheck:!!iValue && MabIRixValue_Type == \"MabRixAttributeValue\"",
+                             "ExpressionCheck:MabIRixValue_Type == \"MabRixStringListValue\""}));
     MabRixExpectReportsFrom(Reporter, "MabRixSAXHandlerXMLStringListMap");
   }
 }
@@ -196,7 +196,8 @@ TEST(MabRixXMLHandlersDiffer, DuplicateKeys)
   MabRixTestReading List = MabRixRead("<l><item>a</item><item>b</item><item>a</item></l>", XMLList());
   EXPECT_EQ(ListIn(List), (MabRixStrings{"a", "b", "a"}));
   // The host dictionary's Insert keeps the first value of a key.
-  MabRixTestReading Map = MabRixRead("<m>" + Attribute("k", "1") + Attribute("j", "2") + Attribute("k", "3") + "</m>", XMLMap());
+  MabRixTestReading Map =
+      MabRixRead("<m>" + Attribute("k", "1") + Attribute("j", "2") + Attribute("k", "3") + "</m>", XMLMap());
   EXPECT_EQ(MapIn(Map), (MabRixPairs{{"k", "1"}, {"j", "2"}}));
   MabRixTestReading Pairs =
       MabRixRead("<m><key>k</key><value>1</value><key>k</key><value>3</value></m>", XMLKeyValueMap());

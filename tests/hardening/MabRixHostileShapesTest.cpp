@@ -51,7 +51,8 @@ std::string ManySiblings(std::size_t iCount)
 {
   std::string Xml = "<r>";
   for (std::size_t i = 0; i < iCount; ++i)
-    Xml += "<row name='n" + std::to_string(i % 7) + "' oid='1'><name>k</name><value>v</value></row>"
+    Xml += "<row name='n" + std::to_string(i % 7) +
+           "' oid='1'><name>k</name><value>v</value></row>"
            "<cadobject type='t' name='n'/><attribute><name>x</name><value>y</value></attribute>";
   return Xml + "</r>";
 }
@@ -94,10 +95,10 @@ void CheckEveryHandler(const std::vector<std::string>& iShapes, long iBudgetMiB,
 TEST(MabRixHostileShapes, EveryHandlerSurvivesThem)
 {
   const std::size_t Size = 4000;
-  CheckEveryHandler({Nested("cadobject", Size), Nested("row", Size), Nested("attribute", Size),
-                     ManyAttributes("cadobject", Size / 5), ManyAttributes("row", Size / 5), ManySiblings(Size / 10),
-                     "<r>" + std::string(Size * 50, 't') + "</r>"},
-                    256, 120);
+  CheckEveryHandler(
+      {Nested("cadobject", Size), Nested("row", Size), Nested("attribute", Size), ManyAttributes("cadobject", Size / 5),
+       ManyAttributes("row", Size / 5), ManySiblings(Size / 10), "<r>" + std::string(Size * 50, 't') + "</r>"},
+      256, 120);
 }
 
 TEST(MabRixHostileShapesHeavy, EveryHandlerSurvivesAMillionNestedElements)

@@ -1,13 +1,13 @@
 #include "MabRixBoundedRun.h"
 
-#include <cerrno>
-#include <csignal>
-#include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
 
 namespace
 {
@@ -43,8 +43,9 @@ bool UnderSanitizer()
 
 std::string MabRixBoundedResult::Describe() const
 {
-  std::string Text = _TimedOut ? "timed out" : _Exited ? "exit code " + std::to_string(_ExitCode)
-                                                       : "killed by signal " + std::to_string(_Signal);
+  std::string Text = _TimedOut ? "timed out"
+                     : _Exited ? "exit code " + std::to_string(_ExitCode)
+                               : "killed by signal " + std::to_string(_Signal);
   Text += ", peak " + std::to_string(_PeakKiB / 1024) + " MiB";
   if (!_Output.empty())
     Text += "\n" + _Output;
@@ -60,10 +61,7 @@ void MabRixBoundedSay(const std::string& iText)
     return;
 }
 
-long MabRixMemoryBudgetKiB(long iPlainMiB)
-{
-  return iPlainMiB * 1024 * (UnderSanitizer() ? 3 : 1);
-}
+long MabRixMemoryBudgetKiB(long iPlainMiB) { return iPlainMiB * 1024 * (UnderSanitizer() ? 3 : 1); }
 
 MabRixBoundedResult MabRixRunBounded(const std::function<int()>& iBody, unsigned iTimeoutSeconds)
 {

@@ -9,12 +9,12 @@
 
 struct MabRixBoundedResult
 {
-  bool _Exited = false;      // the body returned (else it crashed or timed out)
-  int _ExitCode = -1;        // what the body returned
-  int _Signal = 0;           // the signal that ended the child, if any
+  bool _Exited = false;  // the body returned (else it crashed or timed out)
+  int _ExitCode = -1;    // what the body returned
+  int _Signal = 0;       // the signal that ended the child, if any
   bool _TimedOut = false;
-  long _PeakKiB = 0;         // peak resident memory of the child beyond the parent's at fork
-  std::string _Output;       // what the body wrote through MabRixBoundedSay
+  long _PeakKiB = 0;    // peak resident memory of the child beyond the parent's at fork
+  std::string _Output;  // what the body wrote through MabRixBoundedSay
 
   std::string Describe() const;
 };

@@ -2,46 +2,46 @@
 
 #include <utility>
 
+#include "MabERixMajorObject.h"
+#include "MabERixObject.h"
 #include "MabRixAttributeValue.h"
 #include "MabRixBooleanValue.h"
 #include "MabRixBooleanValueFormat.h"
+#include "MabRixCADObjectContext.h"
+#include "MabRixCustomQueryResultValue.h"
 #include "MabRixSAXHandlerAttribute.h"
 #include "MabRixSAXHandlerBoolean.h"
 #include "MabRixSAXHandlerCollectionListQueryResult.h"
 #include "MabRixSAXHandlerCustomQueryResult.h"
-#include "MabRixCustomQueryResultValue.h"
+#include "MabRixSAXHandlerFailure.h"
+#include "MabRixSAXHandlerLockUnlockExObjectDetailsList.h"
+#include "MabRixSAXHandlerObjectAttribute.h"
+#include "MabRixSAXHandlerObjectDetailsList.h"
+#include "MabRixSAXHandlerObjectList.h"
 #include "MabRixSAXHandlerOverwriteFileList.h"
+#include "MabRixSAXHandlerRelationshipList.h"
+#include "MabRixSAXHandlerSavedQueryResult.h"
 #include "MabRixSAXHandlerString.h"
 #include "MabRixSAXHandlerStringList.h"
 #include "MabRixSAXHandlerStringListMap.h"
 #include "MabRixSAXHandlerStringMap.h"
+#include "MabRixSAXHandlerStructure.h"
 #include "MabRixSAXHandlerTemplateListQueryResult.h"
+#include "MabRixSAXHandlerUIElementQueryResult.h"
 #include "MabRixSAXHandlerWorkspaceListQueryResult.h"
 #include "MabRixSAXHandlerWorkspaceVaultListQueryResult.h"
 #include "MabRixSAXHandlerXMLStringList.h"
 #include "MabRixSAXHandlerXMLStringListMap.h"
 #include "MabRixSAXHandlerXMLStringMap.h"
-#include "MabRixSAXHandlerFailure.h"
-#include "MabRixSAXHandlerLockUnlockExObjectDetailsList.h"
-#include "MabRixSAXHandlerObjectDetailsList.h"
-#include "MabRixSAXHandlerSavedQueryResult.h"
-#include "MabRixSAXHandlerUIElementQueryResult.h"
-#include "MabERixMajorObject.h"
-#include "MabERixObject.h"
-#include "MabRixCADObjectContext.h"
-#include "MabRixSAXHandlerObjectAttribute.h"
-#include "MabRixSAXHandlerObjectList.h"
-#include "MabRixSAXHandlerRelationshipList.h"
-#include "MabRixSAXHandlerStructure.h"
-#include "MabRixTNRObjectContext.h"
-#include "MabRixStringMapValueFormat.h"
-#include "MabRixStringListMapValueFormat.h"
 #include "MabRixStringListMapValue.h"
+#include "MabRixStringListMapValueFormat.h"
 #include "MabRixStringListValue.h"
 #include "MabRixStringListValueFormat.h"
 #include "MabRixStringMapValue.h"
+#include "MabRixStringMapValueFormat.h"
 #include "MabRixStringValue.h"
 #include "MabRixStringValueFormat.h"
+#include "MabRixTNRObjectContext.h"
 #include "MabRixTestSupport.h"
 
 KelUnicodeString MabRixOptionBytes::Separator()
@@ -62,9 +62,8 @@ MabIRixSAXHandler_var Make(MabRixSAXHandlerBase& iParent, Arguments&&... iArgume
 template <class Handler>
 MabRixHandlerEntry Plain(const char* iName)
 {
-  return {iName, [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed&) {
-            return Make<Handler>(iParent);
-          }};
+  return {iName,
+          [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed&) { return Make<Handler>(iParent); }};
 }
 
 // One of the value formats, chosen by the options.
@@ -72,27 +71,25 @@ MabRixValueFormat& ChooseFormat(MabRixOptionBytes& ioOptions, MabRixBorrowed& io
 {
   switch (ioOptions.Byte() % 7)
   {
-  case 0:
-    return ioBorrowed.Adopt(new MabRixStringValueFormat());
-  case 1:
-    return ioBorrowed.Adopt(new MabRixBooleanValueFormat());
-  case 2:
-    return ioBorrowed.Adopt(new MabRixStringListValueFormat(ioOptions.Separator()));
-  case 3:
-    return ioBorrowed.Adopt(new MabRixStringMapValueFormat());
-  case 4:
-  {
-    const KelUnicodeString First = ioOptions.Separator();
-    return ioBorrowed.Adopt(new MabRixStringMapValueFormat(First, ioOptions.Separator()));
-  }
-  case 5:
-    return ioBorrowed.Adopt(new MabRixStringListMapValueFormat(ioOptions.Separator()));
-  default:
-  {
-    const KelUnicodeString First = ioOptions.Separator();
-    const KelUnicodeString Second = ioOptions.Separator();
-    return ioBorrowed.Adopt(new MabRixStringListMapValueFormat(First, Second, ioOptions.Separator()));
-  }
+    case 0:
+      return ioBorrowed.Adopt(new MabRixStringValueFormat());
+    case 1:
+      return ioBorrowed.Adopt(new MabRixBooleanValueFormat());
+    case 2:
+      return ioBorrowed.Adopt(new MabRixStringListValueFormat(ioOptions.Separator()));
+    case 3:
+      return ioBorrowed.Adopt(new MabRixStringMapValueFormat());
+    case 4: {
+      const KelUnicodeString First = ioOptions.Separator();
+      return ioBorrowed.Adopt(new MabRixStringMapValueFormat(First, ioOptions.Separator()));
+    }
+    case 5:
+      return ioBorrowed.Adopt(new MabRixStringListMapValueFormat(ioOptions.Separator()));
+    default: {
+      const KelUnicodeString First = ioOptions.Separator();
+      const KelUnicodeString Second = ioOptions.Separator();
+      return ioBorrowed.Adopt(new MabRixStringListMapValueFormat(First, Second, ioOptions.Separator()));
+    }
   }
 }
 
@@ -167,34 +164,31 @@ std::vector<MabRixHandlerEntry> BuildTable()
                      const KelUnicodeString First = ioOptions.Separator();
                      return Make<MabRixSAXHandlerStringMap>(iParent, First, ioOptions.Separator());
                    }});
-  Table.push_back(
-      {"string-list-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-         const KelUnicodeString First = ioOptions.Separator();
-         const KelUnicodeString Second = ioOptions.Separator();
-         return Make<MabRixSAXHandlerStringListMap>(iParent, First, Second, ioOptions.Separator());
-       }});
-  Table.push_back({"attribute", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions,
-                                   MabRixBorrowed& ioBorrowed) {
-                     if (ioOptions.Flag())
-                       return Make<MabRixSAXHandlerAttribute>(iParent, ChooseFormatMap(ioOptions, ioBorrowed));
-                     return Make<MabRixSAXHandlerAttribute>(iParent, ChooseFormat(ioOptions, ioBorrowed));
+  Table.push_back({"string-list-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+                     const KelUnicodeString First = ioOptions.Separator();
+                     const KelUnicodeString Second = ioOptions.Separator();
+                     return Make<MabRixSAXHandlerStringListMap>(iParent, First, Second, ioOptions.Separator());
                    }});
+  Table.push_back(
+      {"attribute", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed) {
+         if (ioOptions.Flag())
+           return Make<MabRixSAXHandlerAttribute>(iParent, ChooseFormatMap(ioOptions, ioBorrowed));
+         return Make<MabRixSAXHandlerAttribute>(iParent, ChooseFormat(ioOptions, ioBorrowed));
+       }});
   Table.push_back(Plain<MabRixSAXHandlerCollectionListQueryResult>("collection-list"));
   Table.push_back(Plain<MabRixSAXHandlerOverwriteFileList>("overwrite-file-list"));
   Table.push_back(Plain<MabRixSAXHandlerTemplateListQueryResult>("template-list"));
   Table.push_back(Plain<MabRixSAXHandlerWorkspaceListQueryResult>("workspace-list"));
   Table.push_back(Plain<MabRixSAXHandlerWorkspaceVaultListQueryResult>("vault-list"));
-  Table.push_back(
-      {"xml-string-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-         return Make<MabRixSAXHandlerXMLStringList>(iParent, ElementName(ioOptions));
-       }});
-  Table.push_back(
-      {"xml-string-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-         if (ioOptions.Flag())
-           return Make<MabRixSAXHandlerXMLStringMap>(iParent);
-         const KelUnicodeString Key = ElementName(ioOptions);
-         return Make<MabRixSAXHandlerXMLStringMap>(iParent, Key, ElementName(ioOptions));
-       }});
+  Table.push_back({"xml-string-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+                     return Make<MabRixSAXHandlerXMLStringList>(iParent, ElementName(ioOptions));
+                   }});
+  Table.push_back({"xml-string-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
+                     if (ioOptions.Flag())
+                       return Make<MabRixSAXHandlerXMLStringMap>(iParent);
+                     const KelUnicodeString Key = ElementName(ioOptions);
+                     return Make<MabRixSAXHandlerXMLStringMap>(iParent, Key, ElementName(ioOptions));
+                   }});
   Table.push_back(
       {"xml-string-list-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
          return Make<MabRixSAXHandlerXMLStringListMap>(iParent, ioOptions.Separator());
@@ -204,8 +198,7 @@ std::vector<MabRixHandlerEntry> BuildTable()
   Table.push_back({"ui-element", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
                      return Make<MabRixSAXHandlerUIElementQueryResult>(iParent, ElementName(ioOptions));
                    }});
-  Table.push_back({"object-details", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&,
-                                        MabRixBorrowed& ioBorrowed) {
+  Table.push_back({"object-details", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed& ioBorrowed) {
                      MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
                      return Make<MabRixSAXHandlerObjectDetailsList>(iParent, pContext);
                    }});
@@ -214,25 +207,25 @@ std::vector<MabRixHandlerEntry> BuildTable()
                      MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
                      return Make<MabRixSAXHandlerObjectList>(iParent, pContext);
                    }});
-  Table.push_back({"relationship-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&,
-                                           MabRixBorrowed& ioBorrowed) {
-                     MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
-                     return Make<MabRixSAXHandlerRelationshipList>(iParent, pContext);
-                   }});
-  Table.push_back({"structure", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions,
-                                   MabRixBorrowed& ioBorrowed) {
-                     const int RootLevel = ioOptions.Byte() % 4 - 1;
-                     MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
-                     return Make<MabRixSAXHandlerStructure>(iParent, pContext, RootLevel);
-                   }});
+  Table.push_back(
+      {"relationship-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed& ioBorrowed) {
+         MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
+         return Make<MabRixSAXHandlerRelationshipList>(iParent, pContext);
+       }});
+  Table.push_back(
+      {"structure", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed) {
+         const int RootLevel = ioOptions.Byte() % 4 - 1;
+         MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
+         return Make<MabRixSAXHandlerStructure>(iParent, pContext, RootLevel);
+       }});
   // The outcome is TRUE unless the options say otherwise, as the command
   // layer's default.
-  Table.push_back({"lock-unlock", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions,
-                                     MabRixBorrowed& ioBorrowed) {
-                     const unsigned char LockUnlockSuccess = ioOptions.Flag() ? FALSE : TRUE;
-                     MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
-                     return Make<MabRixSAXHandlerLockUnlockExObjectDetailsList>(iParent, pContext, LockUnlockSuccess);
-                   }});
+  Table.push_back(
+      {"lock-unlock", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed) {
+         const unsigned char LockUnlockSuccess = ioOptions.Flag() ? FALSE : TRUE;
+         MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
+         return Make<MabRixSAXHandlerLockUnlockExObjectDetailsList>(iParent, pContext, LockUnlockSuccess);
+       }});
   // Its objects go to the context its value carries, not to a borrowed one.
   Table.push_back(Plain<MabRixSAXHandlerCustomQueryResult>("custom-query"));
   return Table;

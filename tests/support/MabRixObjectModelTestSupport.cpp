@@ -18,8 +18,7 @@ struct PropertyToText
   std::string operator()(const MabRixPath& iPath) const { return iPath.GetString().ToUtf8(); }
   std::string operator()(const MabRixDocumentID& iID) const
   {
-    return "(" + iID.GetType().ToUtf8() + "," + iID.GetName().ToUtf8() + "," + iID.GetPath().GetString().ToUtf8() +
-           ")";
+    return "(" + iID.GetType().ToUtf8() + "," + iID.GetName().ToUtf8() + "," + iID.GetPath().GetString().ToUtf8() + ")";
   }
 };
 }  // namespace

@@ -96,7 +96,8 @@ MabRixTestReading MabRixRead(const std::string& iXml, MabRixHandlerFactory iFact
   MabRixTestReading Reading;
   Reading._spParser = KelVar<KelExpatParser>::Adopt(new KelExpatParser(iOptions));
   KelISAXParser_var spParser(Reading._spParser);
-  Reading._spRoot = KelVar<MabRixTestRootHandler>::Adopt(new MabRixTestRootHandler(spParser, std::move(iFactory), iStartAt));
+  Reading._spRoot =
+      KelVar<MabRixTestRootHandler>::Adopt(new MabRixTestRootHandler(spParser, std::move(iFactory), iStartAt));
   Reading._spParser->SetDocumentHandler(KelISAXDocumentHandler_var(Reading._spRoot.Get()));
   if (iChunk == 0)
   {

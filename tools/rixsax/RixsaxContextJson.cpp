@@ -121,7 +121,8 @@ RixsaxJson RixsaxTNRContextJson(const MabRixTNRObjectContext& iContext)
       for (const MabERixMajorObject* pMajor : Found->second)
       {
         RixsaxJson MinorArray = RixsaxJson::array();
-        const auto Versions = Minors.find(MajorKey(Object->GetKeyType(), Object->GetKeyName(), pMajor->GetKeyRevision()));
+        const auto Versions =
+            Minors.find(MajorKey(Object->GetKeyType(), Object->GetKeyName(), pMajor->GetKeyRevision()));
         if (Versions != Minors.end())
           for (const MabERixMinorObject* pMinor : Versions->second)
             MinorArray.push_back(TNRMinorJson(*pMinor));

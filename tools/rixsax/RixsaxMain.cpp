@@ -37,8 +37,8 @@ int ReportStep(const RixsaxStepRecord& iStep)
   int Status = ExitOk;
   if (iStep._HostError)
   {
-    std::fprintf(stderr, "rixsax: %s:%d:%d: %s: %s\n", File, iStep._HostError->_XmlLine,
-                 iStep._HostError->_XmlColumn, iStep._HostError->_Kind.c_str(), iStep._HostError->_Message.c_str());
+    std::fprintf(stderr, "rixsax: %s:%d:%d: %s: %s\n", File, iStep._HostError->_XmlLine, iStep._HostError->_XmlColumn,
+                 iStep._HostError->_Kind.c_str(), iStep._HostError->_Message.c_str());
     Status = ExitFailedResult;
   }
   if (iStep._ParseError)
@@ -71,9 +71,9 @@ void Print(const std::vector<RixsaxStepRecord>& iSteps, RixsaxSession& iSession)
       std::fputs(RixsaxTextTree(RixsaxRunJson(iSteps, iSession)).c_str(), stdout);
       return;
     case RixsaxOutputFormat::Json:
-      std::fputs((RixsaxRunJson(iSteps, iSession).dump(2, ' ', false, RixsaxJson::error_handler_t::replace) + "\n")
-                     .c_str(),
-                 stdout);
+      std::fputs(
+          (RixsaxRunJson(iSteps, iSession).dump(2, ' ', false, RixsaxJson::error_handler_t::replace) + "\n").c_str(),
+          stdout);
       return;
   }
 }

@@ -86,40 +86,49 @@ RixsaxCommandLine RixsaxParseCommandLine(int iArgc, const char* const* iArgv)
   pRead->add_option("HANDLER FILE", Arguments, "Handler name and file, repeated; the steps share one context")
       ->type_name("")
       ->required();
-  pRead->add_option("--at", Options._At, "Start the handler at the first element of this name")
-      ->type_name("ELEMENT");
+  pRead->add_option("--at", Options._At, "Start the handler at the first element of this name")->type_name("ELEMENT");
   pRead->add_option("--first-sep", Options._FirstSeparator, "First separator of maps")
-      ->type_name("S")->capture_default_str();
+      ->type_name("S")
+      ->capture_default_str();
   pRead->add_option("--second-sep", Options._SecondSeparator, "Second separator of maps")
-      ->type_name("S")->capture_default_str();
-  pRead->add_option("--list-sep", Options._ListSeparator, "Separator of lists")
-      ->type_name("S")->capture_default_str();
+      ->type_name("S")
+      ->capture_default_str();
+  pRead->add_option("--list-sep", Options._ListSeparator, "Separator of lists")->type_name("S")->capture_default_str();
   pRead->add_option("--item", Options._Item, "Item element of xml-string-list")->type_name("NAME");
-  CLI::Option* pKey = pRead->add_option("--key", Key, "Key element of xml-string-map (key/value mode)")
-                          ->type_name("NAME");
-  CLI::Option* pValue = pRead->add_option("--value", Value, "Value element of xml-string-map (key/value mode)")
-                            ->type_name("NAME");
+  CLI::Option* pKey =
+      pRead->add_option("--key", Key, "Key element of xml-string-map (key/value mode)")->type_name("NAME");
+  CLI::Option* pValue =
+      pRead->add_option("--value", Value, "Value element of xml-string-map (key/value mode)")->type_name("NAME");
   pKey->needs(pValue);
   pValue->needs(pKey);
-  CLI::Option* pValueFormat = pRead->add_option("--value-format", Options._ValueFormat,
-                                                "Value format of attribute")
-                                  ->type_name("KIND")->check(CLI::IsMember(RixsaxFormatKinds()));
-  CLI::Option* pFormatFor = pRead->add_option("--format-for", FormatFor,
-                                              "Value format of one attribute name (repeatable): a format map")
-                                ->type_name("NAME=KIND")->allow_extra_args(false);
+  CLI::Option* pValueFormat = pRead->add_option("--value-format", Options._ValueFormat, "Value format of attribute")
+                                  ->type_name("KIND")
+                                  ->check(CLI::IsMember(RixsaxFormatKinds()));
+  CLI::Option* pFormatFor =
+      pRead->add_option("--format-for", FormatFor, "Value format of one attribute name (repeatable): a format map")
+          ->type_name("NAME=KIND")
+          ->allow_extra_args(false);
   pValueFormat->excludes(pFormatFor);
-  pRead->add_option("--root-level", Options._RootLevel, "Root level of structure")->type_name("N")
+  pRead->add_option("--root-level", Options._RootLevel, "Root level of structure")
+      ->type_name("N")
       ->capture_default_str();
   pRead->add_option("--lock-success", LockSuccess, "Outcome given to lock-unlock")
-      ->type_name("true|false")->check(CLI::IsMember(Booleans))->capture_default_str();
+      ->type_name("true|false")
+      ->check(CLI::IsMember(Booleans))
+      ->capture_default_str();
   pRead->add_option("--element-kind", Options._ElementKind, "Element kind of ui-element")->type_name("TEXT");
   pRead->add_option("--can-resolve-uuid-conflict", CanResolve, "Give object-details a response answering this")
-      ->type_name("true|false")->check(CLI::IsMember(Booleans));
+      ->type_name("true|false")
+      ->check(CLI::IsMember(Booleans));
   pRead->add_option("--on-check", OnCheck, "Answer of the check reporter")
-      ->type_name("stop|continue")->check(CLI::IsMember({"stop", "continue"}))->capture_default_str();
+      ->type_name("stop|continue")
+      ->check(CLI::IsMember({"stop", "continue"}))
+      ->capture_default_str();
   pRead->add_flag("--stop-on-failure", Options._StopOnFailure, "Stop parsing at the first failed callback");
   pRead->add_option("--format", Format, "Output format")
-      ->type_name("json|text|summary")->check(CLI::IsMember({"json", "text", "summary"}))->capture_default_str();
+      ->type_name("json|text|summary")
+      ->check(CLI::IsMember({"json", "text", "summary"}))
+      ->capture_default_str();
   pRead->add_flag("--trace", Options._Trace, "Record every change of document handler");
 
   try
@@ -139,7 +148,7 @@ RixsaxCommandLine RixsaxParseCommandLine(int iArgc, const char* const* iArgv)
     if (!CanResolve.empty())
       Options._CanResolveUUIDConflict = ToFlag(CanResolve);
     Options._ContinueOnCheck = OnCheck == "continue";
-    Options._Format = Format == "text" ? RixsaxOutputFormat::Text
+    Options._Format = Format == "text"      ? RixsaxOutputFormat::Text
                       : Format == "summary" ? RixsaxOutputFormat::Summary
                                             : RixsaxOutputFormat::Json;
     Line._Command = RixsaxCommand::Read;

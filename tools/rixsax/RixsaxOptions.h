@@ -31,14 +31,14 @@ struct RixsaxOptions
   std::string _SecondSeparator = "=";
   std::string _ListSeparator = ",";
 
-  std::string _Item;                              // xml-string-list
+  std::string _Item;                                             // xml-string-list
   std::optional<std::pair<std::string, std::string>> _KeyValue;  // xml-string-map key/value mode
-  std::string _ValueFormat;                       // attribute, one format (a kind name)
-  std::vector<std::pair<std::string, std::string>> _FormatFor;  // attribute, name to kind
-  int _RootLevel = 0;                             // structure
-  bool _LockSuccess = true;                       // lock-unlock
-  std::string _ElementKind;                       // ui-element
-  std::optional<bool> _CanResolveUUIDConflict;    // object-details: a response is given when set
+  std::string _ValueFormat;                                      // attribute, one format (a kind name)
+  std::vector<std::pair<std::string, std::string>> _FormatFor;   // attribute, name to kind
+  int _RootLevel = 0;                                            // structure
+  bool _LockSuccess = true;                                      // lock-unlock
+  std::string _ElementKind;                                      // ui-element
+  std::optional<bool> _CanResolveUUIDConflict;                   // object-details: a response is given when set
 
   bool _ContinueOnCheck = false;  // the check reporter's answer
   bool _StopOnFailure = false;    // the parser stops at the first failed callback

@@ -75,10 +75,9 @@ const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
        ParentOnly<MabRixSAXHandlerFailure>()},
       {"string", "MabRixSAXHandlerString", "the text of one element as a string", RixsaxNoContext,
        ParentOnly<MabRixSAXHandlerString>()},
-      {"boolean", "MabRixSAXHandlerBoolean", "the text of one element as a truth value (yes or true)",
-       RixsaxNoContext, ParentOnly<MabRixSAXHandlerBoolean>()},
-      {"string-list", "MabRixSAXHandlerStringList", "one element's text cut into a list at --list-sep",
-       RixsaxNoContext,
+      {"boolean", "MabRixSAXHandlerBoolean", "the text of one element as a truth value (yes or true)", RixsaxNoContext,
+       ParentOnly<MabRixSAXHandlerBoolean>()},
+      {"string-list", "MabRixSAXHandlerStringList", "one element's text cut into a list at --list-sep", RixsaxNoContext,
        [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
          return Make<MabRixSAXHandlerStringList>(iParent, ioSession._ListSeparator);
        }},
@@ -98,8 +97,8 @@ const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
        [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
          return Make<MabRixSAXHandlerXMLStringList>(iParent, ioSession._Item);
        }},
-      {"xml-string-map", "MabRixSAXHandlerXMLStringMap",
-       "attribute elements (or --key/--value element pairs) as a map", RixsaxNoContext, MakeXMLStringMap},
+      {"xml-string-map", "MabRixSAXHandlerXMLStringMap", "attribute elements (or --key/--value element pairs) as a map",
+       RixsaxNoContext, MakeXMLStringMap},
       {"xml-string-list-map", "MabRixSAXHandlerXMLStringListMap",
        "attribute elements as a map of lists cut at --list-sep", RixsaxNoContext,
        [](MabRixSAXHandlerBase& iParent, RixsaxSession& ioSession) {
@@ -153,8 +152,9 @@ const std::vector<RixsaxHandlerEntry>& RixsaxHandlers()
        }},
       {"workspace-list", "MabRixSAXHandlerWorkspaceListQueryResult", "workspace rows by OID, and OIDs by name",
        RixsaxNoContext, ParentOnly<MabRixSAXHandlerWorkspaceListQueryResult>()},
-      {"vault-list", "MabRixSAXHandlerWorkspaceVaultListQueryResult", "workspace-vault rows by OID, and the OIDs in order",
-       RixsaxNoContext, ParentOnly<MabRixSAXHandlerWorkspaceVaultListQueryResult>()},
+      {"vault-list", "MabRixSAXHandlerWorkspaceVaultListQueryResult",
+       "workspace-vault rows by OID, and the OIDs in order", RixsaxNoContext,
+       ParentOnly<MabRixSAXHandlerWorkspaceVaultListQueryResult>()},
   };
   return Entries;
 }

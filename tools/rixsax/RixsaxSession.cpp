@@ -3,13 +3,10 @@
 #include "RixsaxFormats.h"
 
 RixsaxSession::RixsaxSession(const RixsaxOptions& iOptions)
-    : _FirstSeparator(iOptions._FirstSeparator),
-      _SecondSeparator(iOptions._SecondSeparator),
-      _ListSeparator(iOptions._ListSeparator),
-      _Item(iOptions._Item),
+    : _FirstSeparator(iOptions._FirstSeparator), _SecondSeparator(iOptions._SecondSeparator),
+      _ListSeparator(iOptions._ListSeparator), _Item(iOptions._Item),
       _Key(iOptions._KeyValue ? iOptions._KeyValue->first : std::string()),
-      _Value(iOptions._KeyValue ? iOptions._KeyValue->second : std::string()),
-      _ElementKind(iOptions._ElementKind),
+      _Value(iOptions._KeyValue ? iOptions._KeyValue->second : std::string()), _ElementKind(iOptions._ElementKind),
       _Options(iOptions)
 {
   // Without --value-format an attribute's value is read as a string.

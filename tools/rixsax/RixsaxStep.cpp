@@ -26,8 +26,8 @@ public:
 
   int OnCheckFailure(const char* iText, const char* iFile, int iLine) override
   {
-    _Records.push_back({iText ? iText : "", iFile ? iFile : "", iLine, _Parser.GetCurrentLine(),
-                        _Parser.GetCurrentColumn(), _Answer});
+    _Records.push_back(
+        {iText ? iText : "", iFile ? iFile : "", iLine, _Parser.GetCurrentLine(), _Parser.GetCurrentColumn(), _Answer});
     return _Answer;
   }
 
@@ -56,9 +56,9 @@ public:
 
   void OnFatalError(const char* iText, const char* iFile, int iLine) override
   {
-    throw FatalErrorRaised(std::string(iText ? iText : "") + " (" + (iFile ? iFile : "") + ":" +
-                               std::to_string(iLine) + ")",
-                           _Parser.GetCurrentLine(), _Parser.GetCurrentColumn());
+    throw FatalErrorRaised(
+        std::string(iText ? iText : "") + " (" + (iFile ? iFile : "") + ":" + std::to_string(iLine) + ")",
+        _Parser.GetCurrentLine(), _Parser.GetCurrentColumn());
   }
 
 private:
@@ -106,8 +106,7 @@ std::optional<RixsaxErrorRecord> LastError()
   if (!pError)
     return std::nullopt;
   RixsaxErrorRecord Record{pError->GetMessageKey().ToUtf8(), pError->GetMessageCatalog().ToUtf8(),
-                           pError->GetNLSMessage().ToUtf8(), pError->GetSourceFile().ToUtf8(),
-                           pError->GetSourceLine()};
+                           pError->GetNLSMessage().ToUtf8(), pError->GetSourceFile().ToUtf8(), pError->GetSourceLine()};
   pError->Release();
   return Record;
 }
@@ -207,7 +206,8 @@ RixsaxStepRecord RixsaxRunStep(RixsaxSession& ioSession, const RixsaxHandlerEntr
   if (spParser->HasParseError())
     Record._ParseError = spParser->GetParseError();
   // Only the failure handler has a response; every other one answers E_FAIL.
-  if (MabIRixSAXHandler_var spHandler = spRoot->Handler(); spHandler && FAILED(spHandler->GetResponse(Record._spResponse)))
+  if (MabIRixSAXHandler_var spHandler = spRoot->Handler();
+      spHandler && FAILED(spHandler->GetResponse(Record._spResponse)))
     Record._spResponse = nullptr;
   Record._ContextCounts = CountContexts(ioSession, iEntry._Contexts, Record._Values);
   return Record;

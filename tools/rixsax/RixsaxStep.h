@@ -66,7 +66,7 @@ struct RixsaxStepRecord
 {
   const RixsaxHandlerEntry* _pEntry = nullptr;
   std::string _File;
-  bool _Started = false;  // the start element was found
+  bool _Started = false;   // the start element was found
   HRESULT _Result = S_OK;  // the first failed callback's result
   std::vector<MabIRixValue_var> _Values;
   MabIRixResponse_var _spResponse;

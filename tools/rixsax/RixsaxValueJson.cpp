@@ -36,9 +36,7 @@ template <class C, class Write, class Count>
 ValueWriter Writer(std::string_view iClassName, Write iWrite, Count iCount)
 {
   return {iClassName,
-          [iWrite](const KelBaseUnknown& iValue, RixsaxJson& oJson) {
-            iWrite(dynamic_cast<const C&>(iValue), oJson);
-          },
+          [iWrite](const KelBaseUnknown& iValue, RixsaxJson& oJson) { iWrite(dynamic_cast<const C&>(iValue), oJson); },
           [iCount](const KelBaseUnknown& iValue) { return iCount(dynamic_cast<const C&>(iValue)); }};
 }
 
@@ -51,21 +49,24 @@ RixsaxJson TemplateJson(const MabRixTemplateDetails& iTemplate)
 
 RixsaxJson WorkspaceJson(const MabRixWorkspaceDetails& iWorkspace)
 {
-  return {{"rowId", RixsaxToJson(iWorkspace._RowID)}, {"name", RixsaxToJson(iWorkspace._Name)},
-          {"oid", RixsaxToJson(iWorkspace._OID)},     {"type", RixsaxToJson(iWorkspace._Type)},
+  return {{"rowId", RixsaxToJson(iWorkspace._RowID)},
+          {"name", RixsaxToJson(iWorkspace._Name)},
+          {"oid", RixsaxToJson(iWorkspace._OID)},
+          {"type", RixsaxToJson(iWorkspace._Type)},
           {"revision", RixsaxToJson(iWorkspace._Revision)}};
 }
 
 RixsaxJson VaultJson(const MabRixVaultDetails& iVault)
 {
-  return {{"rowId", RixsaxToJson(iVault._RowID)},       {"name", RixsaxToJson(iVault._Name)},
-          {"oid", RixsaxToJson(iVault._OID)},           {"parentId", RixsaxToJson(iVault._ParentID)},
-          {"type", RixsaxToJson(iVault._Type)},         {"revision", RixsaxToJson(iVault._Revision)}};
+  return {{"rowId", RixsaxToJson(iVault._RowID)}, {"name", RixsaxToJson(iVault._Name)},
+          {"oid", RixsaxToJson(iVault._OID)},     {"parentId", RixsaxToJson(iVault._ParentID)},
+          {"type", RixsaxToJson(iVault._Type)},   {"revision", RixsaxToJson(iVault._Revision)}};
 }
 
 RixsaxJson UIElementJson(const MabRixUIElementID& iElement)
 {
-  return {{"kind", RixsaxToJson(iElement._Kind)}, {"name", RixsaxToJson(iElement._Name)},
+  return {{"kind", RixsaxToJson(iElement._Kind)},
+          {"name", RixsaxToJson(iElement._Name)},
           {"system", iElement._IsSystem != 0}};
 }
 

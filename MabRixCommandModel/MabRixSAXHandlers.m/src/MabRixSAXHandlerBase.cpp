@@ -41,10 +41,7 @@ void MabRixParentHandlerRef::Tighten()
   }
 }
 
-MabRixSAXHandlerBase::MabRixSAXHandlerBase(KelISAXParser_var& iParser)
-    : _spSAXParser(iParser)
-{
-}
+MabRixSAXHandlerBase::MabRixSAXHandlerBase(KelISAXParser_var& iParser) : _spSAXParser(iParser) {}
 
 // Takes a non-const reference to the parent, so the language counts it as a
 // copy constructor: the bases are named to say they are built fresh.

@@ -10,7 +10,8 @@ MabRixSAXHandlerBoolean::MabRixSAXHandlerBoolean(MabRixSAXHandlerBase& iParent) 
 MabRixSAXHandlerBoolean::~MabRixSAXHandlerBoolean() = default;
 
 // A value element has no element inside it.
-HRESULT MabRixSAXHandlerBoolean::StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes)
+HRESULT MabRixSAXHandlerBoolean::StartElement(const KelUnicodeString& iName,
+                                              const KelISAXAttributeList_var& iAttributes)
 {
   (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));
   (void)KelCheck(FALSE);

@@ -14,8 +14,7 @@
 MabRixImplementHandler(MabRixSAXHandlerObjectAttribute, MabRixSAXHandlerBase)
 
 MabRixSAXHandlerObjectAttribute::MabRixSAXHandlerObjectAttribute(MabRixSAXHandlerBase& iParent)
-    : MabRixSAXHandlerBase(iParent),
-      _pStringFormat(new (std::nothrow) MabRixStringValueFormat()),
+    : MabRixSAXHandlerBase(iParent), _pStringFormat(new (std::nothrow) MabRixStringValueFormat()),
       _pObjectAttributeValue(new (std::nothrow) MabRixObjectAttributeValue())
 {
 }

@@ -87,8 +87,7 @@ HRESULT MabRixSAXHandlerObjectDetailsList::StartElement(const KelUnicodeString& 
 // cadobject. Required attributes are read while all went well and raise when
 // missing; optional ones are read whatever the result, through one scratch
 // string that a missing attribute leaves as it was.
-HRESULT MabRixSAXHandlerObjectDetailsList::StartCADObject(const KelISAXAttributeList_var& iAttributes,
-                                                          HRESULT iResult)
+HRESULT MabRixSAXHandlerObjectDetailsList::StartCADObject(const KelISAXAttributeList_var& iAttributes, HRESULT iResult)
 {
   HRESULT Result = iResult;
   _bInCADObject = TRUE;
@@ -308,8 +307,7 @@ HRESULT MabRixSAXHandlerObjectDetailsList::StartRevisionInfo(const KelISAXAttrib
   if (SUCCEEDED(ReadAttribute(iAttributes, "lockedby", LockedBy)) && pMajor && _RevInfoRevision != CurrentRevision)
     pMajor->_SetLockOwner(LockedBy);
   KelUnicodeString LockStatus;
-  if (SUCCEEDED(ReadAttribute(iAttributes, "lockstatus", LockStatus)) && pMajor &&
-      _RevInfoRevision != CurrentRevision)
+  if (SUCCEEDED(ReadAttribute(iAttributes, "lockstatus", LockStatus)) && pMajor && _RevInfoRevision != CurrentRevision)
     pMajor->_SetLockStatus(IsTrueText(LockStatus, "locked") ? TRUE : FALSE);
   KelUnicodeString Access;
   if (SUCCEEDED(ReadAttribute(iAttributes, "overwriteaccess", Access)) && pMajor)

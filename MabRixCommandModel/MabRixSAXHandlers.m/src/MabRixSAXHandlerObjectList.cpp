@@ -104,11 +104,11 @@ void MabRixSAXHandlerObjectList::ReadAttribute(const KelUnicodeString& iName, co
     const char* _Name;
     KelUnicodeString MabRixSAXHandlerObjectList::*_pText;
   } Texts[] = {
-      {"busid", &MabRixSAXHandlerObjectList::_BusID},         {"bustype", &MabRixSAXHandlerObjectList::_BusType},
-      {"cadid", &MabRixSAXHandlerObjectList::_CADID},         {"locker", &MabRixSAXHandlerObjectList::_Locker},
-      {"zqtype", &MabRixSAXHandlerObjectList::_ObjectType},   {"zqversion", &MabRixSAXHandlerObjectList::_FullVersion},
-      {"name", &MabRixSAXHandlerObjectList::_Name},           {"oid", &MabRixSAXHandlerObjectList::_ObjectID},
-      {"type", &MabRixSAXHandlerObjectList::_CADType},        {"uuid", &MabRixSAXHandlerObjectList::_UUID},
+      {"busid", &MabRixSAXHandlerObjectList::_BusID},       {"bustype", &MabRixSAXHandlerObjectList::_BusType},
+      {"cadid", &MabRixSAXHandlerObjectList::_CADID},       {"locker", &MabRixSAXHandlerObjectList::_Locker},
+      {"zqtype", &MabRixSAXHandlerObjectList::_ObjectType}, {"zqversion", &MabRixSAXHandlerObjectList::_FullVersion},
+      {"name", &MabRixSAXHandlerObjectList::_Name},         {"oid", &MabRixSAXHandlerObjectList::_ObjectID},
+      {"type", &MabRixSAXHandlerObjectList::_CADType},      {"uuid", &MabRixSAXHandlerObjectList::_UUID},
   };
   for (const auto& Text : Texts)
     if (iName == Text._Name)

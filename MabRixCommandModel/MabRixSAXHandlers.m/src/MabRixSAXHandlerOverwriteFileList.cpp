@@ -20,7 +20,7 @@ MabRixSAXHandlerOverwriteFileList::~MabRixSAXHandlerOverwriteFileList()
 }
 
 HRESULT MabRixSAXHandlerOverwriteFileList::StartElement(const KelUnicodeString& iName,
-                                                         const KelISAXAttributeList_var& iAttributes)
+                                                        const KelISAXAttributeList_var& iAttributes)
 {
   (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));
   if (!KelCheck(_pMapValue))

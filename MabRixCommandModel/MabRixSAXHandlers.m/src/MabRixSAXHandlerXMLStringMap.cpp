@@ -42,7 +42,8 @@ HRESULT MabRixSAXHandlerXMLStringMap::StartElement(const KelUnicodeString& iName
     return S_OK;
   _spChildHandler = nullptr;
   if (_pStringFormat)
-    _spChildHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerAttribute(*this, *_pStringFormat));
+    _spChildHandler =
+        MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerAttribute(*this, *_pStringFormat));
   // An attribute that cannot get a handler is skipped.
   if (!_spChildHandler)
     return S_OK;

@@ -24,5 +24,5 @@ HRESULT MabRixStringListMapValueFormat::GetSubHandler(MabRixSAXHandlerBase& iPar
   if (_IsXML)
     return CreateSubHandler<MabRixSAXHandlerXMLStringListMap>(oHandler, iParent, _ListSeparator);
   return CreateSubHandler<MabRixSAXHandlerStringListMap>(oHandler, iParent, _FirstSeparator, _SecondSeparator,
-                                                        _ListSeparator);
+                                                         _ListSeparator);
 }

@@ -97,5 +97,6 @@ TEST(KelCheck, FatalErrorReachesTheInstalledHandler)
 TEST(KelCheckDeathTest, DefaultFatalHandlerPrintsAndAborts)
 {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  EXPECT_DEATH(KelFatalError("AssertionFailed:pValue", 0, 0, 0, "some/file", 12), "AssertionFailed:pValue \\(some/file:12\\)");
+  EXPECT_DEATH(KelFatalError("AssertionFailed:pValue", 0, 0, 0, "some/file", 12),
+               "AssertionFailed:pValue \\(some/file:12\\)");
 }

@@ -128,8 +128,7 @@ TEST(MabRixCADObjectContext, OneObjectAndOneMinorObjectPerTypeAndName)
   EXPECT_EQ(Own(Context.CreateMinorObject("Part", "P1")).Get(), spMinor.Get());
   EXPECT_NE(Own(Context.CreateMinorObject("Part", "P2")).Get(), spMinor.Get());
   EXPECT_EQ(spMinor->GetObjectID(), MabRixObjectID("Part", "P1"));
-  EXPECT_EQ(KelImplCast<MabERixMinorObject>(Context.GetMinorObject(MabRixObjectID("Part", "P1")).Get()),
-            spMinor.Get());
+  EXPECT_EQ(KelImplCast<MabERixMinorObject>(Context.GetMinorObject(MabRixObjectID("Part", "P1")).Get()), spMinor.Get());
   EXPECT_EQ(KelImplCast<MabERixObject>(Context.GetObject(MabRixObjectID("Part", "P1")).Get()), spObject.Get());
 }
 
@@ -161,8 +160,7 @@ TEST(MabRixCADObjectContext, TwoStringCreationGivesTheMajorObjectOfTheCurrentRev
   const auto spB = Own(Context.CreateMajorObject("Part", "P1"));
   EXPECT_EQ(spB->GetKeyRevision(), "B");
   EXPECT_EQ(Own(Context.CreateMajorObject("Part", "P1", "B")).Get(), spB.Get());
-  EXPECT_EQ(KelImplCast<MabERixMajorObject>(Context.GetMajorObject(MabRixObjectID("Part", "P1")).Get()),
-            spB.Get());
+  EXPECT_EQ(KelImplCast<MabERixMajorObject>(Context.GetMajorObject(MabRixObjectID("Part", "P1")).Get()), spB.Get());
 }
 
 TEST(MabRixCADObjectContext, PendingMajorObjectStaysRevisionLessWhenTheRevisionHasOneAlready)

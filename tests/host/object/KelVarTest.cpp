@@ -21,8 +21,7 @@ public:
 typedef KelVar<KelITestWriter> KelITestWriter_var;
 
 class KelITestUnrelated : public virtual KelBaseUnknown
-{
-};
+{};
 typedef KelVar<KelITestUnrelated> KelITestUnrelated_var;
 
 // Implements both interfaces; counts its destructions.

@@ -221,9 +221,8 @@ TEST(KelExpatParserHostile, DoctypeIsRefusedByDefault)
 
 TEST(KelExpatParserHostile, DoctypeIsRefusedByDefaultWhenFedInChunks)
 {
-  const MabRixTestReading Reading =
-      MabRixRead("<?xml version=\"1.0\"?>\n<!DOCTYPE a [<!ENTITY e \"hi\">]><a>&e;</a>",
-                 MabRixMake<MabRixSAXHandlerString>(), "", 3);
+  const MabRixTestReading Reading = MabRixRead("<?xml version=\"1.0\"?>\n<!DOCTYPE a [<!ENTITY e \"hi\">]><a>&e;</a>",
+                                               MabRixMake<MabRixSAXHandlerString>(), "", 3);
   EXPECT_EQ(Reading._Result, E_FAIL);
   EXPECT_EQ(ParseErrorOf(Reading), "document type declarations are not allowed in a server response");
   EXPECT_EQ(Reading._spParser->GetParseError()._Line, 2);
@@ -310,8 +309,7 @@ TEST(KelExpatParserHostile, ExternalEntityNamingALocalFileIsNeverRead)
     EXPECT_EQ(Allowed._Result, S_OK) << Allowed._Error;
     EXPECT_EQ(Allowed._Seen, "<a>[]");
     EXPECT_EQ(Allowed._Error.find(Secret._Secret), std::string::npos);
-    const MabRixTestReading Reading =
-        MabRixRead(Xml, MabRixMake<MabRixSAXHandlerString>(), "", 0, AllowingDoctype());
+    const MabRixTestReading Reading = MabRixRead(Xml, MabRixMake<MabRixSAXHandlerString>(), "", 0, AllowingDoctype());
     ASSERT_EQ(Reading.Values().size(), 1u);
     EXPECT_EQ(StringOf(Reading.Values()[0]), "[]");
   }
@@ -320,8 +318,7 @@ TEST(KelExpatParserHostile, ExternalEntityNamingALocalFileIsNeverRead)
 TEST(KelExpatParserHostile, ExternalEntityInAnAttributeIsAnError)
 {
   const SecretFile Secret;
-  const std::string Xml =
-      "<!DOCTYPE a [<!ENTITY x SYSTEM \"file://" + Secret._Path + "\">]><a b=\"&x;\">t</a>";
+  const std::string Xml = "<!DOCTYPE a [<!ENTITY x SYSTEM \"file://" + Secret._Path + "\">]><a b=\"&x;\">t</a>";
   const CollectedReading Allowed = Collect(Xml, AllowingDoctype());
   EXPECT_EQ(Allowed._Result, E_FAIL);
   EXPECT_EQ(Allowed._Error, "reference to external entity in attribute");
@@ -381,8 +378,8 @@ TEST(KelExpatParserHostile, MillionNestedElementsAreReadInBoundedMemory)
         MabRixBoundedSay("failures: " + std::to_string(Parser.GetCallbackFailureCount()));
         // Every nested element is refused by the String handler, the outer
         // element still yields its (empty) text.
-        return !Parser.HasParseError() && Reading._Result == E_FAIL &&
-                       Parser.GetCallbackFailures().size() == 256 && Reading._spRoot->Values().size() == 1
+        return !Parser.HasParseError() && Reading._Result == E_FAIL && Parser.GetCallbackFailures().size() == 256 &&
+                       Reading._spRoot->Values().size() == 1
                    ? 0
                    : 1;
       },
@@ -422,9 +419,8 @@ TEST(KelExpatParserHostile, LargeTokenFedThroughFeedStaysLinear)
         Options._ExpatReparseDeferral = false;
         const std::string Text = "<a b=\"" + std::string(16 * 1024 * 1024, 'y') + "\">text</a>";
         const MabRixTestReading Reading = MabRixRead(Text, MabRixMake<MabRixSAXHandlerString>(), "", 512, Options);
-        return Reading._Result == S_OK && Reading.Values().size() == 1 && StringOf(Reading.Values()[0]) == "text"
-                   ? 0
-                   : 1;
+        return Reading._Result == S_OK && Reading.Values().size() == 1 && StringOf(Reading.Values()[0]) == "text" ? 0
+                                                                                                                  : 1;
       },
       30);
   EXPECT_TRUE(Run._Exited && Run._ExitCode == 0) << Run.Describe();
@@ -529,8 +525,8 @@ TEST(KelExpatParserHostile, Utf16WithByteOrderMarkIsRead)
 
 TEST(KelExpatParserHostile, UnknownEncodingIsAnError)
 {
-  const MabRixTestReading Reading = MabRixRead("<?xml version=\"1.0\" encoding=\"x-unheard-of\"?><a>x</a>",
-                                               MabRixMake<MabRixSAXHandlerString>());
+  const MabRixTestReading Reading =
+      MabRixRead("<?xml version=\"1.0\" encoding=\"x-unheard-of\"?><a>x</a>", MabRixMake<MabRixSAXHandlerString>());
   EXPECT_EQ(Reading._Result, E_FAIL);
   EXPECT_EQ(ParseErrorOf(Reading), "unknown encoding");
   EXPECT_TRUE(Reading.Values().empty());

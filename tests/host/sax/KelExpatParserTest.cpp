@@ -116,7 +116,8 @@ struct KelParse
 const char* const Document =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
     "<list kind=\"objects\" n=\"2\">\n"
-    "  <item id=\"1\">caf\xC3\xA9 \xE2\x82\xAC" "5 \xF0\x9D\x84\x9E</item>\n"
+    "  <item id=\"1\">caf\xC3\xA9 \xE2\x82\xAC"
+    "5 \xF0\x9D\x84\x9E</item>\n"
     "  <?note keep?>\n"
     "  <item id=\"2\">a &amp; b &#x20AC;<![CDATA[<raw>]]></item>\n"
     "</list>\n";
@@ -140,7 +141,9 @@ TEST(KelExpatParser, TextIsUtf8WithEntitiesAndSectionsDecoded)
   ASSERT_GE(Joined.size(), 10u);
   EXPECT_EQ(Joined[2], "<list kind=objects n=2>");
   EXPECT_EQ(Joined[4], "<item id=1>");
-  EXPECT_EQ(Joined[5], "'caf\xC3\xA9 \xE2\x82\xAC" "5 \xF0\x9D\x84\x9E'");
+  EXPECT_EQ(Joined[5],
+            "'caf\xC3\xA9 \xE2\x82\xAC"
+            "5 \xF0\x9D\x84\x9E'");
   EXPECT_EQ(Joined[8], "?note keep");
   EXPECT_EQ(Joined[11], "'a & b \xE2\x82\xAC<raw>'");
 }
@@ -418,7 +421,9 @@ TEST(KelExpatParser, HandlerChangedInACallbackReceivesTheLaterEvents)
 {
   KelParse Run;
   KelRecordingHandler_var spOther = KelRecordingHandler_var::Adopt(new KelRecordingHandler());
-  Run._spHandler->_Actions["<b>"] = [&] { Run._spParser->SetDocumentHandler(KelISAXDocumentHandler_var(spOther.Get())); };
+  Run._spHandler->_Actions["<b>"] = [&] {
+    Run._spParser->SetDocumentHandler(KelISAXDocumentHandler_var(spOther.Get()));
+  };
   EXPECT_EQ(Run._spParser->Parse(std::string("<a><b>t</b></a>")), S_OK);
   EXPECT_EQ(Run._spHandler->_Events, (Events{"Locator", "StartDocument", "<a>", "<b>"}));
   EXPECT_EQ(spOther->_Events, (Events{"'t'", "</b>", "</a>", "EndDocument"}));

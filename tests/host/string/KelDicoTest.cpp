@@ -119,7 +119,8 @@ TEST(KelDico, CopyAndMoveKeepEntriesOrderAndLookup)
   EXPECT_TRUE(Assigned.HasKey(KelUnicodeString(Long)));
   // Many insertions: entries never move, lookups stay right.
   for (int i = 0; i < 1000; ++i)
-    Assigned.Insert(KelUnicodeString(std::to_string(i) + Long), KelUnicodeStringList{KelUnicodeString(std::to_string(i))});
+    Assigned.Insert(KelUnicodeString(std::to_string(i) + Long),
+                    KelUnicodeStringList{KelUnicodeString(std::to_string(i))});
   for (int i = 0; i < 1000; i += 97)
     EXPECT_EQ(Assigned[KelUnicodeString(std::to_string(i) + Long)][0], KelUnicodeString(std::to_string(i)));
 }

@@ -7,7 +7,9 @@
 namespace
 {
 // "aé€𝄞b": one, two, three and four bytes per character.
-const char* const Mixed = "a\xC3\xA9\xE2\x82\xAC\xF0\x9D\x84\x9E" "b";
+const char* const Mixed =
+    "a\xC3\xA9\xE2\x82\xAC\xF0\x9D\x84\x9E"
+    "b";
 }  // namespace
 
 TEST(KelUnicodeString, IsBuiltEmptyFromNothingAndFromNullText)
@@ -76,9 +78,13 @@ TEST(KelUnicodeString, AssignmentCopiesTheValue)
 
 TEST(KelUnicodeString, ToLowerChangesAsciiLettersOnly)
 {
-  KelUnicodeString Text("AbC-Z\xC3\x89\xC3\xA9" "1");  // "AbC-ZÉé1"
+  KelUnicodeString Text(
+      "AbC-Z\xC3\x89\xC3\xA9"
+      "1");  // "AbC-ZÉé1"
   Text.ToLower();
-  EXPECT_EQ(Text, "abc-z\xC3\x89\xC3\xA9" "1");
+  EXPECT_EQ(Text,
+            "abc-z\xC3\x89\xC3\xA9"
+            "1");
 }
 
 TEST(KelUnicodeString, LengthCountsCodePoints)
@@ -96,7 +102,10 @@ TEST(KelUnicodeString, InvalidUtf8CountsEachBadByteAsOneCharacter)
   EXPECT_EQ(KelUnicodeString("a\xE2\x82").GetLengthInChar(), 3);
   EXPECT_EQ(KelUnicodeString("\xC0\xAF").GetLengthInChar(), 2);
   EXPECT_EQ(KelUnicodeString("\xED\xA0\x80").GetLengthInChar(), 3);
-  EXPECT_EQ(KelUnicodeString("\xFF" "a").GetLengthInChar(), 2);
+  EXPECT_EQ(KelUnicodeString("\xFF"
+                             "a")
+                .GetLengthInChar(),
+            2);
   EXPECT_EQ(KelUnicodeString("\xF4\x90\x80\x80").GetLengthInChar(), 4);
 }
 
@@ -115,7 +124,9 @@ TEST(KelUnicodeString, SubStringCountsCharactersFromZero)
   const KelUnicodeString Text(Mixed);
   EXPECT_EQ(Text.SubString(0, 1), "a");
   EXPECT_EQ(Text.SubString(1, 2), "\xC3\xA9\xE2\x82\xAC");
-  EXPECT_EQ(Text.SubString(3, 2), "\xF0\x9D\x84\x9E" "b");
+  EXPECT_EQ(Text.SubString(3, 2),
+            "\xF0\x9D\x84\x9E"
+            "b");
   EXPECT_EQ(KelUnicodeString("abcdef").SubString(2, 3), "cde");
 }
 
@@ -161,7 +172,10 @@ TEST(KelUnicodeString, SearchBackwardFindsTheLastOccurrenceAtOrBeforeStart)
 TEST(KelUnicodeString, SearchPositionsCountCharactersInUtf8Text)
 {
   // "é€aé€b"
-  const KelUnicodeString Text("\xC3\xA9\xE2\x82\xAC" "a\xC3\xA9\xE2\x82\xAC" "b");
+  const KelUnicodeString Text(
+      "\xC3\xA9\xE2\x82\xAC"
+      "a\xC3\xA9\xE2\x82\xAC"
+      "b");
   EXPECT_EQ(Text.SearchSubString("\xE2\x82\xAC", 0, KelUnicodeString::KelSearchForward), 1);
   EXPECT_EQ(Text.SearchSubString("\xE2\x82\xAC", 2, KelUnicodeString::KelSearchForward), 4);
   EXPECT_EQ(Text.SearchSubString("b", 0, KelUnicodeString::KelSearchForward), 5);

@@ -24,7 +24,8 @@ std::vector<std::pair<std::string, std::string>> Entries(const KelUnicodeStringK
   return Result;
 }
 
-std::vector<std::pair<std::string, std::vector<std::string>>> Entries(const KelUnicodeStringListKelUnicodeStringDico& iMap)
+std::vector<std::pair<std::string, std::vector<std::string>>> Entries(
+    const KelUnicodeStringListKelUnicodeStringDico& iMap)
 {
   std::vector<std::pair<std::string, std::vector<std::string>>> Result;
   for (auto It = iMap.begin(); It != iMap.end(); ++It)
@@ -104,14 +105,18 @@ TEST(MabRixStringUtils, GetMapFirstEntryOfAKeyWins)
 TEST(MabRixStringUtils, GetMapWithMultiCharacterAndNonAsciiSeparators)
 {
   EXPECT_EQ(Entries(MabRixStringUtils::GetMap("a::1&&b::2::x&&", "&&", "::")), (Pairs{{"a", "1"}, {"b", "2::x"}}));
-  EXPECT_EQ(Entries(MabRixStringUtils::GetMap("\xC3\xA9\xC2\xA7" "1\xE2\x82\xAC" "b\xC2\xA7\xC3\xB6", "\xE2\x82\xAC", "\xC2\xA7")),
+  EXPECT_EQ(Entries(MabRixStringUtils::GetMap("\xC3\xA9\xC2\xA7"
+                                              "1\xE2\x82\xAC"
+                                              "b\xC2\xA7\xC3\xB6",
+                                              "\xE2\x82\xAC", "\xC2\xA7")),
             (Pairs{{"\xC3\xA9", "1"}, {"b", "\xC3\xB6"}}));
 }
 
 TEST(MabRixStringUtils, GetListMapCutsEachValueIntoAList)
 {
   const KelUnicodeStringListKelUnicodeStringDico Map = MabRixStringUtils::GetListMap("a=1,2;b=;c;d=3,,", ";", "=", ",");
-  const std::vector<std::pair<std::string, Strings>> Expected{{"a", {"1", "2"}}, {"b", {}}, {"c", {}}, {"d", {"3", "", ""}}};
+  const std::vector<std::pair<std::string, Strings>> Expected{
+      {"a", {"1", "2"}}, {"b", {}}, {"c", {}}, {"d", {"3", "", ""}}};
   EXPECT_EQ(Entries(Map), Expected);
 }
 
