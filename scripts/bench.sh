@@ -1,22 +1,46 @@
 #!/usr/bin/env bash
-# Benchmarks and memory measurements; regenerates docs/performance.md.
+# Benchmarks and memory measurements; regenerates docs/performance.md and its
+# charts (docs/performance-*.svg).
 #
-#   scripts/bench.sh                 full run (sizes 1,000 to 1,000,000; tens of minutes)
+#   scripts/bench.sh                  full run (sizes 1,000 to 1,000,000; tens of minutes)
 #   scripts/bench.sh --sizes 1000,10000
-#                                    the same over other sizes
-#   scripts/bench.sh --smoke         every benchmark once at 1,000 records and
-#                                    the memory driver on small inputs; no report
-#                                    (continuous integration; reuses build/release)
+#                                     the same over other sizes
+#   scripts/bench.sh --min-time S --repetitions R
+#                                     each case runs R times for at least S CPU
+#                                     seconds each (default 0.5 s, 3 times)
+#   scripts/bench.sh --limit object-details=100000,custom-query=100000
+#                                     time these kinds up to these sizes only
+#   scripts/bench.sh --quick          small command-line and streaming files (trying the
+#                                     script out; the report says so)
+#   scripts/bench.sh --stages callgrind,time,memory,rixsax,report
+#                                     only these parts (default: all, in this order);
+#                                     each part replaces its own results in build/bench/results
+#   scripts/bench.sh --smoke          every benchmark once at 1,000 records and
+#                                     the memory driver on small inputs; no report
+#                                     (continuous integration; reuses build/release)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 mode=full
 sizes=1000,10000,100000,1000000
+min_time=0.5
+repetitions=3
+limits=
+quick=
+stages=callgrind,time,memory,rixsax,report
+# Files of the streaming and command-line measurements.
+big_overwrite=1G; rixsax_objects=300M; rixsax_entries=200000; summary_objects=200000
 while [ $# -gt 0 ]; do
   case "$1" in
     --smoke) mode=smoke ;;
     --sizes) sizes="$2"; shift ;;
-    *) echo "usage: scripts/bench.sh [--smoke] [--sizes N,N,...]" >&2; exit 2 ;;
+    --min-time) min_time="$2"; shift ;;
+    --repetitions) repetitions="$2"; shift ;;
+    --limit) limits="$2"; shift ;;
+    --stages) stages="$2"; shift ;;
+    --quick) quick=" --quick"; big_overwrite=16M; rixsax_objects=10M; rixsax_entries=5000; summary_objects=5000 ;;
+    *) echo "usage: scripts/bench.sh [--smoke] [--quick] [--sizes N,N,...] [--min-time S] [--repetitions R]" \
+         "[--limit KIND=N,...]" >&2; exit 2 ;;
   esac
   shift
 done
@@ -29,46 +53,147 @@ if [ "$mode" = smoke ]; then
   bin=build/release/bench
   "$bin/mabrix_benchmarks" --mabrix_smoke
   "$bin/rixgen" overwrite-file-list --count 20000 --distinct 100 | "$bin/rixmem" overwrite-file-list -
-  if "$bin/rixgen" object-list --count 2000 | "$bin/rixmem" object-list - 2>/dev/null; then :; else
-    status=$?
-    [ "$status" -eq 2 ] || exit "$status"  # 2: no object list handler yet
-  fi
+  "$bin/rixgen" object-list --count 2000 | "$bin/rixmem" object-list -
+  "$bin/rixgen" object-list --count 2000 | "$bin/rixmem" floor -
+  "$bin/rixgen" object-list --count 2000 | "$bin/rixmem" pugixml -
+  "$bin/rixgen" object-list --count 2000 | "$bin/rixmem" libxml2 -
   exit 0
 fi
 
 cmake --preset bench >/dev/null
 cmake --build --preset bench -j2
 bin=build/bench/bench
-out=build/bench/results
-mkdir -p "$out"
-
-load_before=$(cut -d' ' -f1-3 /proc/loadavg)
-"$bin/mabrix_benchmarks" --mabrix_sizes="$sizes" --benchmark_out="$out/benchmarks.json" \
-  --benchmark_out_format=json | tee "$out/benchmarks.txt"
-load_after=$(cut -d' ' -f1-3 /proc/loadavg)
-
-# Peak memory while each handler streams its largest response from a pipe
-# (the document is never held in memory), and the 1 GB overwrite file list
-# whose busid values repeat (1,000 distinct: a small result).
-largest=${sizes##*,}
-: >"$out/memory.txt"
-for kind in $("$bin/rixgen" --help | sed -n 's/^  KIND      one of: //p'); do
-  if "$bin/rixgen" "$kind" --count "$largest" | "$bin/rixmem" "$kind" - >>"$out/memory.txt" 2>/dev/null; then :; fi
-done
-"$bin/rixgen" overwrite-file-list --bytes 1G --distinct 1000 --stats 2>"$out/overwrite-1g.stats" |
-  "$bin/rixmem" overwrite-file-list - | sed 's/^kind overwrite-file-list/kind overwrite-file-list-1g/' >>"$out/memory.txt"
-
-# The same two measurements through the command-line reader, rixsax.
 rixsax=build/bench/tools/rixsax/rixsax
-if [ -x "$rixsax" ]; then
-  "$bin/rixgen" overwrite-file-list --bytes 1G --distinct 1000 |
-    /usr/bin/time -f 'kind rixsax-overwrite-file-list-1g peak_rss_kib %M' -a -o "$out/memory.txt" \
-      "$rixsax" read overwrite-file-list - --at overwritefilelist --format summary >"$out/rixsax-overwrite.txt"
-  "$bin/rixgen" object-list --count "$largest" |
-    /usr/bin/time -f 'kind rixsax-object-list peak_rss_kib %M' -a -o "$out/memory.txt" \
-      "$rixsax" read object-list - --at objectlist --format summary >"$out/rixsax-object-list.txt"
+out=build/bench/results
+data=build/bench/data
+mkdir -p "$out" "$data"
+stage() { [[ ",$stages," == *",$1,"* ]]; }
+kinds=$("$bin/rixgen" --help | sed -n 's/^  KIND      one of: //p')
+largest=${sizes##*,}
+distinct_for() { [ "$1" = overwrite-file-list ] && echo "--distinct 1000" || true; }
+limit_for() {
+  local item
+  for item in ${limits//,/ }; do
+    [ "${item%%=*}" = "$1" ] && { echo "${item#*=}"; return; }
+  done
+  echo "$largest"
+}
+log() { echo "[$(date -u +%H:%M:%S)] $*" >&2; }
+# Wall-clock seconds, processor seconds (user + system) and peak resident KiB.
+timed() {
+  local name=$1
+  shift
+  /usr/bin/time -f "row $name elapsed_s %e user_s %U system_s %S peak_rss_kib %M" -a -o "$out/rows.txt" "$@"
+}
+
+if stage time; then
+  rm -f "$out"/benchmarks*
+  cut -d' ' -f1-3 /proc/loadavg >"$out/load-before.txt"
+  echo "sizes $sizes min_time $min_time repetitions $repetitions limits ${limits:-none} big_overwrite $big_overwrite" \
+    "rixsax_objects $rixsax_objects rixsax_entries $rixsax_entries summary_objects $summary_objects" >"$out/settings.txt"
 fi
 
-python3 scripts/bench_report.py --results "$out" --load-before "$load_before" --load-after "$load_after" \
-  --command "scripts/bench.sh --sizes $sizes" >docs/performance.md
+# 1. Instruction counts at 10,000 records under callgrind: expat alone and
+# every handler, each streaming the same file; machine load does not move them.
+if stage callgrind && command -v valgrind >/dev/null; then
+  rm -f "$out"/callgrind-*
+  for kind in $kinds; do
+    log "callgrind $kind"
+    # shellcheck disable=SC2046
+    "$bin/rixgen" "$kind" --count 10000 $(distinct_for "$kind") --output "$data/$kind-10000.xml"
+    valgrind -q --tool=callgrind --toggle-collect='MabRixParseFloorStream*' \
+      --callgrind-out-file="$out/callgrind-floor-$kind.out" "$bin/rixmem" --no-count floor "$data/$kind-10000.xml" \
+      >/dev/null
+    valgrind -q --tool=callgrind --toggle-collect='MabRixRunHandlerOnStream*' \
+      --callgrind-out-file="$out/callgrind-handler-$kind.out" "$bin/rixmem" --no-count "$kind" \
+      "$data/$kind-10000.xml" >/dev/null
+    callgrind_annotate --inclusive=no "$out/callgrind-handler-$kind.out" 2>/dev/null |
+      head -60 >"$out/callgrind-handler-$kind.txt" || true
+    rm -f "$data/$kind-10000.xml"
+  done
+fi
+
+# 2. Time: one process per document (kind and size), every family side by side.
+stage time && for size in ${sizes//,/ }; do
+  for kind in $kinds; do
+    if [ "$size" -gt "$(limit_for "$kind")" ]; then continue; fi
+    # The host layer alone is a diagnostic, not a target: up to 100,000 records.
+    families='[a-z0-9-]+'
+    [ "$size" -le 100000 ] || families='(floor|handler-cold|handler-warm|libxml2|pugixml)'
+    log "benchmarks $kind $size"
+    "$bin/mabrix_benchmarks" --mabrix_sizes="$size" --benchmark_filter="^$families/$kind/$size\$" \
+      --benchmark_min_time="$min_time" --benchmark_repetitions="$repetitions" \
+      --benchmark_out="$out/benchmarks-$kind-$size.json" --benchmark_out_format=json >>"$out/benchmarks.txt"
+  done
+done
+stage time && cut -d' ' -f1-3 /proc/loadavg >"$out/load-after.txt"
+
+# 3. Memory, allocations and teardown: each handler streams its largest
+# response from a pipe (the document is never held in memory); the tree
+# baselines read the object list from a file.
+if stage memory; then
+  : >"$out/memory.txt"
+  for kind in $kinds; do
+    size=$(limit_for "$kind")
+    log "memory $kind $size"
+    # shellcheck disable=SC2046
+    "$bin/rixgen" "$kind" --count "$size" $(distinct_for "$kind") --stats 2>"$out/stats-$kind.txt" |
+      "$bin/rixmem" "$kind" - >>"$out/memory.txt"
+  done
+  log "memory of the tree baselines"
+  "$bin/rixgen" object-list --count "$(limit_for object-list)" --output "$data/object-list.xml"
+  for tree in libxml2 pugixml; do
+    "$bin/rixmem" "$tree" "$data/object-list.xml" >>"$out/memory.txt"
+  done
+  rm -f "$data/object-list.xml"
+  log "memory of the 1 GiB overwrite file list"
+  "$bin/rixgen" overwrite-file-list --bytes "$big_overwrite" --distinct 1000 --stats 2>"$out/overwrite-1g.stats" |
+    "$bin/rixmem" overwrite-file-list - | sed 's/^kind overwrite-file-list/kind overwrite-file-list-1g/' >>"$out/memory.txt"
+fi
+
+# 4. The command-line reader, rixsax, on files of a user's size.
+if stage rixsax && [ -x "$rixsax" ]; then
+  : >"$out/rows.txt"
+  grep -v '^kind model-' "$out/memory.txt" >"$out/memory.tmp" 2>/dev/null || true
+  mv "$out/memory.tmp" "$out/memory.txt"
+  log "rixsax: 1 GiB overwrite file list"
+  "$bin/rixgen" overwrite-file-list --bytes "$big_overwrite" --distinct 1000 |
+    timed rixsax-overwrite-1g "$rixsax" read overwrite-file-list - --at overwritefilelist --format summary >/dev/null ||
+    echo "row rixsax-overwrite-1g failed $?" >>"$out/rows.txt"
+  # An object list of about 300 MB and 200,000 overwrite entries (every busid
+  # distinct): summary, JSON and text, each against the model's own memory.
+  "$bin/rixgen" object-list --bytes "$rixsax_objects" --output "$data/object-list-300m.xml" \
+    --stats 2>"$out/object-list-300m.stats"
+  "$bin/rixgen" overwrite-file-list --count "$rixsax_entries" --output "$data/overwrite-200k.xml" \
+    --stats 2>"$out/overwrite-200k.stats"
+  for file in object-list-300m:object-list:objectlist overwrite-200k:overwrite-file-list:overwritefilelist; do
+    IFS=: read -r name handler at <<<"$file"
+    log "rixsax: $name"
+    "$bin/rixmem" "$handler" "$data/$name.xml" | sed "s/^kind $handler/kind model-$name/" >>"$out/memory.txt"
+    for format in summary json text; do
+      timed "rixsax-$name-$format" timeout 600 "$rixsax" read "$handler" "$data/$name.xml" --at "$at" \
+        --format "$format" >/dev/null || echo "row rixsax-$name-$format failed $?" >>"$out/rows.txt"
+    done
+  done
+  rm -f "$data/object-list-300m.xml" "$data/overwrite-200k.xml"
+  # Summary of a 200,000-object list against bare expat with do-nothing
+  # callbacks on the same file: processor time, three runs each.
+  log "rixsax: 200,000 objects against expat"
+  "$bin/rixgen" object-list --count "$summary_objects" --output "$data/object-list-200k.xml"
+  for run in 1 2 3; do
+    timed expat-object-list-200k "$bin/rixmem" --no-count floor "$data/object-list-200k.xml" >/dev/null ||
+      echo "row expat-object-list-200k failed $?" >>"$out/rows.txt"
+    timed rixsax-object-list-200k-summary "$rixsax" read object-list "$data/object-list-200k.xml" --at objectlist \
+      --format summary >/dev/null || echo "row rixsax-object-list-200k-summary failed $?" >>"$out/rows.txt"
+  done
+  rm -f "$data/object-list-200k.xml"
+fi
+
+stage report || exit 0
+log "report"
+# Debian's python3, which has python3-matplotlib (not another python3 on PATH).
+/usr/bin/python3 scripts/bench_report.py --results "$out" --load-before "$(cat "$out/load-before.txt")" \
+  --load-after "$(cat "$out/load-after.txt")" \
+  --command "scripts/bench.sh --sizes $sizes --min-time $min_time --repetitions $repetitions${limits:+ --limit $limits}$quick" \
+  --charts docs >docs/performance.md
 echo "docs/performance.md written"

@@ -13,12 +13,17 @@
 
 struct MabRixBenchCase
 {
-  const char* _Family;  // "floor", "host", "handler", "dom"
+  const char* _Family;  // one of MabRixBenchFamilies()
   MabRixResponseKind _Kind;
   std::function<void(benchmark::State&, const MabRixBenchDocument&)> _Run;
 };
 
 std::vector<MabRixBenchCase>& MabRixBenchCases();
+
+// The families in the order they run for each document: the reference
+// parsers, the pipeline with a cold heap, the tree baselines, then the
+// pipeline with a warm heap (it keeps freed memory in the process).
+const std::vector<const char*>& MabRixBenchFamilies();
 
 struct MabRixBenchRegistrar
 {
@@ -32,11 +37,43 @@ struct MabRixBenchRegistrar
 // Bytes, elements and records of the document, per iteration, as counters.
 void MabRixBenchCount(benchmark::State& ioState, const MabRixBenchDocument& iDocument);
 
+// Heap in use (malloc's view: arenas and mapped blocks).
+std::size_t MabRixBenchHeapInUse();
+
+// Processor time in the kernel and page faults of the timed part of the
+// iterations (getrusage around each run), reported per iteration as the
+// system_s and page_faults counters: the cost of first touching memory.
+class MabRixBenchUsage
+{
+public:
+  void Start();
+  void Stop();
+  void Report(benchmark::State& ioState) const;
+
+private:
+  double _System = 0, _StartSystem = 0;
+  long _Faults = 0, _StartFaults = 0;
+};
+
+// Cold: every iteration starts with the freed memory of the previous one
+// handed back to the kernel (malloc_trim), so the run pays the first touch
+// of each page, as a process that reads one response does. Warm: freed memory
+// stays in the process (no trimming, no mapped blocks) and one untimed run
+// comes first, so the iterations reuse memory already touched.
+enum class MabRixBenchHeap
+{
+  Cold,
+  Warm
+};
+void MabRixBenchPrepareHeap(MabRixBenchHeap iHeap);
+
 // Times a handler over the document. iPrepare runs untimed before each
 // iteration and returns the factory of the handler; iCheck, untimed after
-// it, may inspect the run and clean up (the context is destroyed there).
-void MabRixBenchHandler(benchmark::State& ioState, const MabRixBenchDocument& iDocument,
+// it, may inspect the run; iTeardown destroys what the run made (the context
+// of the session), timed on its own as the teardown_s counter.
+void MabRixBenchHandler(benchmark::State& ioState, const MabRixBenchDocument& iDocument, MabRixBenchHeap iHeap,
                         const std::function<MabRixBenchFactory()>& iPrepare,
-                        const std::function<void(const MabRixBenchRun&)>& iCheck);
+                        const std::function<void(const MabRixBenchRun&)>& iCheck,
+                        const std::function<void()>& iTeardown);
 
 #endif

@@ -7,10 +7,18 @@ namespace
 {
 void Floor(benchmark::State& ioState, const MabRixBenchDocument& iDocument)
 {
+  MabRixFloorPeakHeap();
+  MabRixBenchUsage Usage;
   for (auto _ : ioState)
+  {
+    Usage.Start();
     if (!MabRixParseFloor(iDocument._Text.data(), iDocument._Text.size()))
       ioState.SkipWithError("not well-formed");
+    Usage.Stop();
+  }
   MabRixBenchCount(ioState, iDocument);
+  Usage.Report(ioState);
+  ioState.counters["heap_bytes"] = static_cast<double>(MabRixFloorPeakHeap());
 }
 
 void Host(benchmark::State& ioState, const MabRixBenchDocument& iDocument)

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <istream>
 #include <string>
 
 #include "KelExpatParser.h"
@@ -34,6 +35,10 @@ std::uint64_t MabRixBenchDistinctKeys(MabRixResponseKind iKind);
 // expat alone, with callbacks that do nothing: the floor. False when the
 // document is not well-formed.
 bool MabRixParseFloor(const char* iData, std::size_t iSize);
+// The same on a stream read in 64 KiB pieces.
+bool MabRixParseFloorStream(std::istream& ioStream);
+// Largest heap expat held in the floor parses since the last call (bytes).
+std::size_t MabRixFloorPeakHeap();
 // Number of start tags, counted by expat (checks the generator's count).
 std::uint64_t MabRixCountElements(const char* iData, std::size_t iSize);
 
