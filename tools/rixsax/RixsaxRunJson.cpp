@@ -7,7 +7,7 @@
 
 namespace
 {
-RixsaxJson ChecksJson(const std::vector<RixsaxCheckRecord>& iChecks)
+RixsaxJson ChecksJson(const MabRixBoundedList<RixsaxCheckRecord>& iChecks)
 {
   RixsaxJson Array = RixsaxJson::array();
   for (const RixsaxCheckRecord& Check : iChecks)
@@ -31,7 +31,7 @@ RixsaxJson LastErrorJson(const std::optional<RixsaxErrorRecord>& iError)
           {"line", iError->_Line}};
 }
 
-RixsaxJson CallbackFailuresJson(const std::vector<KelSAXCallbackFailure>& iFailures)
+RixsaxJson CallbackFailuresJson(const MabRixBoundedList<KelSAXCallbackFailure>& iFailures)
 {
   RixsaxJson Array = RixsaxJson::array();
   for (const KelSAXCallbackFailure& Failure : iFailures)
@@ -50,7 +50,7 @@ RixsaxJson ParseErrorJson(const std::optional<KelSAXParseError>& iError)
   return {{"message", RixsaxToJson(iError->_Message)}, {"xmlLine", iError->_Line}, {"xmlColumn", iError->_Column}};
 }
 
-RixsaxJson TraceJson(const std::vector<RixsaxTraceRecord>& iTrace)
+RixsaxJson TraceJson(const MabRixBoundedList<RixsaxTraceRecord>& iTrace)
 {
   RixsaxJson Array = RixsaxJson::array();
   for (const RixsaxTraceRecord& Change : iTrace)
