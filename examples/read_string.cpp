@@ -2,36 +2,9 @@
 // prints it: the smallest command layer there is.
 #include <cstdio>
 
-#include "KelExpatParser.h"
+#include "MabRixResponseReader.h"
 #include "MabRixSAXHandlerString.h"
 #include "MabRixStringValue.h"
-
-namespace
-{
-class RootHandler : public MabRixSAXHandlerBase
-{
-public:
-  RootHandler(KelISAXParser_var& iParser, const char* iElement) : MabRixSAXHandlerBase(iParser), _Element(iElement) {}
-
-  HRESULT StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes) override
-  {
-    if (iName != _Element)
-      return S_OK;
-    _spChildHandler = MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerString(*this));
-    return _spChildHandler->StartHandlingEvents(iName, iAttributes);
-  }
-
-  HRESULT Value(const MabIRixValue_var& iValue) override
-  {
-    if (const MabRixStringValue* pString = KelImplCast<MabRixStringValue>(iValue.Get()))
-      std::printf("%s\n", pString->_Value.ConvertToChar());
-    return S_OK;
-  }
-
-private:
-  KelUnicodeString _Element;
-};
-}  // namespace
 
 int main(int argc, char** argv)
 {
@@ -40,14 +13,21 @@ int main(int argc, char** argv)
     std::fprintf(stderr, "usage: read_string FILE ELEMENT\n");
     return 2;
   }
-  KelISAXParser_var spParser = KelISAXParser_var::Adopt(new KelExpatParser());
-  KelExpatParser* pParser = KelImplCast<KelExpatParser>(spParser.Get());
-  pParser->SetDocumentHandler(KelISAXDocumentHandler_var::Adopt(new RootHandler(spParser, argv[2])));
-  if (FAILED(pParser->ParseFile(argv[1])) && pParser->HasParseError())
+  MabRixResponseReader::Options Options;
+  Options._StartAt = argv[2];
+  const MabRixReadResult Result =
+      MabRixResponseReader(
+          [](MabRixSAXHandlerBase& iRoot) { return MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerString(iRoot)); },
+          Options)
+          .ReadFile(argv[1]);
+  if (Result._ParseError)
   {
-    const KelSAXParseError& Error = pParser->GetParseError();
-    std::fprintf(stderr, "%s:%d:%d: %s\n", argv[1], Error._Line, Error._Column, Error._Message.ConvertToChar());
+    std::fprintf(stderr, "%s:%d:%d: %s\n", argv[1], Result._ParseError->_Line, Result._ParseError->_Column,
+                 Result._ParseError->_Message.ConvertToChar());
     return 3;
   }
+  for (const MabIRixValue_var& Value : Result._Values)
+    if (const MabRixStringValue* pString = KelImplCast<MabRixStringValue>(Value.Get()))
+      std::printf("%s\n", pString->_Value.ConvertToChar());
   return 0;
 }
