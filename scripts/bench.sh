@@ -12,9 +12,10 @@
 #                                     time these kinds up to these sizes only
 #   scripts/bench.sh --quick          small command-line and streaming files (trying the
 #                                     script out; the report says so)
-#   scripts/bench.sh --stages callgrind,time,memory,rixsax,report
+#   scripts/bench.sh --stages callgrind,time,memory,streaming,summary,rixsax,report
 #                                     only these parts (default: all, in this order);
-#                                     each part replaces its own results in build/bench/results
+#                                     each part replaces its own results in build/bench/results,
+#                                     so parts may run side by side in two invocations
 #   scripts/bench.sh --smoke          every benchmark once at 1,000 records and
 #                                     the memory driver on small inputs; no report
 #                                     (continuous integration; reuses build/release)
@@ -27,7 +28,7 @@ min_time=0.5
 repetitions=3
 limits=
 quick=
-stages=callgrind,time,memory,rixsax,report
+stages=callgrind,time,memory,streaming,summary,rixsax,report
 # Files of the streaming and command-line measurements.
 big_overwrite=1G; rixsax_objects=300M; rixsax_entries=200000; summary_objects=200000
 while [ $# -gt 0 ]; do
@@ -81,16 +82,16 @@ limit_for() {
 log() { echo "[$(date -u +%H:%M:%S)] $*" >&2; }
 # Wall-clock seconds, processor seconds (user + system) and peak resident KiB.
 timed() {
-  local name=$1
-  shift
-  /usr/bin/time -f "row $name elapsed_s %e user_s %U system_s %S peak_rss_kib %M" -a -o "$out/rows.txt" "$@"
+  local file=$1 name=$2
+  shift 2
+  /usr/bin/time -f "row $name elapsed_s %e user_s %U system_s %S peak_rss_kib %M" -a -o "$out/rows-$file.txt" "$@"
 }
 
+[ "$stages" = report ] || echo "sizes $sizes min_time $min_time repetitions $repetitions limits ${limits:-none}" \
+  "big_overwrite $big_overwrite rixsax_objects $rixsax_objects rixsax_entries $rixsax_entries summary_objects $summary_objects" >"$out/settings.txt"
 if stage time; then
   rm -f "$out"/benchmarks*
   cut -d' ' -f1-3 /proc/loadavg >"$out/load-before.txt"
-  echo "sizes $sizes min_time $min_time repetitions $repetitions limits ${limits:-none} big_overwrite $big_overwrite" \
-    "rixsax_objects $rixsax_objects rixsax_entries $rixsax_entries summary_objects $summary_objects" >"$out/settings.txt"
 fi
 
 # 1. Instruction counts at 10,000 records under callgrind: expat alone and
@@ -107,8 +108,6 @@ if stage callgrind && command -v valgrind >/dev/null; then
     valgrind -q --tool=callgrind --toggle-collect='MabRixRunHandlerOnStream*' \
       --callgrind-out-file="$out/callgrind-handler-$kind.out" "$bin/rixmem" --no-count "$kind" \
       "$data/$kind-10000.xml" >/dev/null
-    callgrind_annotate --inclusive=no "$out/callgrind-handler-$kind.out" 2>/dev/null |
-      head -60 >"$out/callgrind-handler-$kind.txt" || true
     rm -f "$data/$kind-10000.xml"
   done
 fi
@@ -117,9 +116,9 @@ fi
 stage time && for size in ${sizes//,/ }; do
   for kind in $kinds; do
     if [ "$size" -gt "$(limit_for "$kind")" ]; then continue; fi
-    # The host layer alone is a diagnostic, not a target: up to 100,000 records.
+    # The host layer alone is a diagnostic, not a target: up to 10,000 records.
     families='[a-z0-9-]+'
-    [ "$size" -le 100000 ] || families='(floor|handler-cold|handler-warm|libxml2|pugixml)'
+    [ "$size" -le 10000 ] || families='(floor|handler-cold|handler-warm|libxml2|pugixml)'
     log "benchmarks $kind $size"
     "$bin/mabrix_benchmarks" --mabrix_sizes="$size" --benchmark_filter="^$families/$kind/$size\$" \
       --benchmark_min_time="$min_time" --benchmark_repetitions="$repetitions" \
@@ -130,14 +129,14 @@ stage time && cut -d' ' -f1-3 /proc/loadavg >"$out/load-after.txt"
 
 # 3. Memory, allocations and teardown: each handler streams its largest
 # response from a pipe (the document is never held in memory); the tree
-# baselines read the object list from a file.
+# baselines read the object list from a file. Every record key is distinct
+# here (overwrite file list included): the largest result of each kind.
 if stage memory; then
   : >"$out/memory.txt"
   for kind in $kinds; do
     size=$(limit_for "$kind")
     log "memory $kind $size"
-    # shellcheck disable=SC2046
-    "$bin/rixgen" "$kind" --count "$size" $(distinct_for "$kind") --stats 2>"$out/stats-$kind.txt" |
+    "$bin/rixgen" "$kind" --count "$size" --stats 2>"$out/stats-$kind.txt" |
       "$bin/rixmem" "$kind" - >>"$out/memory.txt"
   done
   log "memory of the tree baselines"
@@ -146,54 +145,66 @@ if stage memory; then
     "$bin/rixmem" "$tree" "$data/object-list.xml" >>"$out/memory.txt"
   done
   rm -f "$data/object-list.xml"
-  log "memory of the 1 GiB overwrite file list"
-  "$bin/rixgen" overwrite-file-list --bytes "$big_overwrite" --distinct 1000 --stats 2>"$out/overwrite-1g.stats" |
-    "$bin/rixmem" overwrite-file-list - | sed 's/^kind overwrite-file-list/kind overwrite-file-list-1g/' >>"$out/memory.txt"
 fi
 
-# 4. The command-line reader, rixsax, on files of a user's size.
+# 4. A 1 GiB overwrite file list whose busid values repeat (1,000 distinct: a
+# small result) streamed through the handler and through rixsax.
+if stage streaming; then
+  log "streaming: 1 GiB overwrite file list"
+  : >"$out/rows-streaming.txt"
+  "$bin/rixgen" overwrite-file-list --bytes "$big_overwrite" --distinct 1000 --stats 2>"$out/overwrite-1g.stats" |
+    "$bin/rixmem" overwrite-file-list - | sed 's/^kind overwrite-file-list/kind overwrite-file-list-1g/' \
+    >"$out/memory-streaming.txt"
+  if [ -x "$rixsax" ]; then
+    "$bin/rixgen" overwrite-file-list --bytes "$big_overwrite" --distinct 1000 |
+      timed streaming rixsax-overwrite-1g "$rixsax" read overwrite-file-list - --at overwritefilelist \
+      --format summary >/dev/null || echo "row rixsax-overwrite-1g failed $?" >>"$out/rows-streaming.txt"
+  fi
+fi
+
+# 5. rixsax's summary of a 200,000-object list against bare expat with
+# do-nothing callbacks on the same file: processor time, three runs each.
+if stage summary && [ -x "$rixsax" ]; then
+  log "summary: 200,000 objects against expat"
+  : >"$out/rows-summary.txt"
+  "$bin/rixgen" object-list --count "$summary_objects" --output "$data/object-list-200k.xml"
+  for run in 1 2 3; do
+    timed summary expat-object-list-200k "$bin/rixmem" --no-count floor "$data/object-list-200k.xml" >/dev/null ||
+      echo "row expat-object-list-200k failed $?" >>"$out/rows-summary.txt"
+    timed summary rixsax-object-list-200k-summary "$rixsax" read object-list "$data/object-list-200k.xml" \
+      --at objectlist --format summary >/dev/null ||
+      echo "row rixsax-object-list-200k-summary failed $?" >>"$out/rows-summary.txt"
+  done
+  rm -f "$data/object-list-200k.xml"
+fi
+
+# 6. rixsax on an object list of about 300 MB and on 200,000 overwrite
+# entries (every busid distinct): summary, JSON and text, each against the
+# model's own memory (rixmem on the same file).
 if stage rixsax && [ -x "$rixsax" ]; then
-  : >"$out/rows.txt"
-  grep -v '^kind model-' "$out/memory.txt" >"$out/memory.tmp" 2>/dev/null || true
-  mv "$out/memory.tmp" "$out/memory.txt"
-  log "rixsax: 1 GiB overwrite file list"
-  "$bin/rixgen" overwrite-file-list --bytes "$big_overwrite" --distinct 1000 |
-    timed rixsax-overwrite-1g "$rixsax" read overwrite-file-list - --at overwritefilelist --format summary >/dev/null ||
-    echo "row rixsax-overwrite-1g failed $?" >>"$out/rows.txt"
-  # An object list of about 300 MB and 200,000 overwrite entries (every busid
-  # distinct): summary, JSON and text, each against the model's own memory.
+  : >"$out/rows-rixsax.txt"
+  : >"$out/memory-rixsax.txt"
   "$bin/rixgen" object-list --bytes "$rixsax_objects" --output "$data/object-list-300m.xml" \
     --stats 2>"$out/object-list-300m.stats"
   "$bin/rixgen" overwrite-file-list --count "$rixsax_entries" --output "$data/overwrite-200k.xml" \
     --stats 2>"$out/overwrite-200k.stats"
-  for file in object-list-300m:object-list:objectlist overwrite-200k:overwrite-file-list:overwritefilelist; do
+  for file in overwrite-200k:overwrite-file-list:overwritefilelist object-list-300m:object-list:objectlist; do
     IFS=: read -r name handler at <<<"$file"
     log "rixsax: $name"
-    "$bin/rixmem" "$handler" "$data/$name.xml" | sed "s/^kind $handler/kind model-$name/" >>"$out/memory.txt"
+    "$bin/rixmem" "$handler" "$data/$name.xml" | sed "s/^kind $handler/kind model-$name/" >>"$out/memory-rixsax.txt"
     for format in summary json text; do
-      timed "rixsax-$name-$format" timeout 600 "$rixsax" read "$handler" "$data/$name.xml" --at "$at" \
-        --format "$format" >/dev/null || echo "row rixsax-$name-$format failed $?" >>"$out/rows.txt"
+      timed rixsax "rixsax-$name-$format" timeout 900 "$rixsax" read "$handler" "$data/$name.xml" --at "$at" \
+        --format "$format" >/dev/null || echo "row rixsax-$name-$format failed $?" >>"$out/rows-rixsax.txt"
     done
   done
   rm -f "$data/object-list-300m.xml" "$data/overwrite-200k.xml"
-  # Summary of a 200,000-object list against bare expat with do-nothing
-  # callbacks on the same file: processor time, three runs each.
-  log "rixsax: 200,000 objects against expat"
-  "$bin/rixgen" object-list --count "$summary_objects" --output "$data/object-list-200k.xml"
-  for run in 1 2 3; do
-    timed expat-object-list-200k "$bin/rixmem" --no-count floor "$data/object-list-200k.xml" >/dev/null ||
-      echo "row expat-object-list-200k failed $?" >>"$out/rows.txt"
-    timed rixsax-object-list-200k-summary "$rixsax" read object-list "$data/object-list-200k.xml" --at objectlist \
-      --format summary >/dev/null || echo "row rixsax-object-list-200k-summary failed $?" >>"$out/rows.txt"
-  done
-  rm -f "$data/object-list-200k.xml"
 fi
 
 stage report || exit 0
 log "report"
 # Debian's python3, which has python3-matplotlib (not another python3 on PATH).
-/usr/bin/python3 scripts/bench_report.py --results "$out" --load-before "$(cat "$out/load-before.txt")" \
-  --load-after "$(cat "$out/load-after.txt")" \
+/usr/bin/python3 scripts/bench_report.py --results "$out" --load-before "$(cat "$out/load-before.txt" || echo ?)" \
+  --load-after "$(cat "$out/load-after.txt" || echo ?)" \
   --command "scripts/bench.sh --sizes $sizes --min-time $min_time --repetitions $repetitions${limits:+ --limit $limits}$quick" \
   --charts docs >docs/performance.md
 echo "docs/performance.md written"

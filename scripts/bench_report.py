@@ -2,10 +2,9 @@
 """Renders docs/performance.md and its charts from the results of scripts/bench.sh.
 
 Reads, in <results>: benchmarks-KIND-SIZE.json (Google Benchmark, one file per
-document), memory.txt (rixmem lines), stats-KIND.txt, overwrite-1g.stats and
-object-list-300m.stats (rixgen --stats), rows.txt (/usr/bin/time lines of the
-command-line runs), callgrind-{floor,handler}-KIND.out and the annotated
-callgrind-handler-KIND.txt, settings.txt.
+document), memory*.txt (rixmem lines), stats-KIND.txt, overwrite-1g.stats and
+object-list-300m.stats (rixgen --stats), rows-*.txt (/usr/bin/time lines of the
+command-line runs), callgrind-{floor,handler}-KIND.out, settings.txt.
 """
 import argparse
 import glob
@@ -53,15 +52,29 @@ FAMILIES = ["floor", "host", "handler-cold", "handler-warm", "libxml2", "pugixml
 
 
 def fmt(n):
-    return "{:,}".format(int(n))
+    return "{:,}".format(int(n)) if n else "-"
+
+
+def load_json(path):
+    """A Google Benchmark output file; one cut short (a run stopped) keeps its finished benchmarks."""
+    text = open(path).read()
+    try:
+        return json.loads(text)
+    except ValueError:
+        end = text.rfind("\n    }")
+        try:
+            return json.loads(text[:end + 6] + "\n  ]\n}") if end > 0 else None
+        except ValueError:
+            return None
 
 
 def load_benchmarks(directory):
     """(family, kind, size) -> medians over the repetitions."""
     runs, context = {}, {}
     for path in sorted(glob.glob(os.path.join(directory, "benchmarks-*.json"))):
-        with open(path) as f:
-            data = json.load(f)
+        data = load_json(path)
+        if data is None:
+            continue
         context = context or data.get("context", {})
         for b in data["benchmarks"]:
             if b.get("run_type", "iteration") != "iteration" or b.get("error_occurred"):
@@ -208,8 +221,11 @@ class Report:
         self.args = args
         d = args.results
         self.context, self.results = load_benchmarks(d)
-        self.memory = {k: v[-1] for k, v in load_pairs(os.path.join(d, "memory.txt")).items()}
-        self.rows = load_pairs(os.path.join(d, "rows.txt"), "row")
+        self.memory, self.rows = {}, {}
+        for path in sorted(glob.glob(os.path.join(d, "memory*.txt"))):
+            self.memory.update({k: v[-1] for k, v in load_pairs(path).items()})
+        for path in sorted(glob.glob(os.path.join(d, "rows-*.txt"))):
+            self.rows.update(load_pairs(path, "row"))
         self.settings = dict(zip(*[iter(open(os.path.join(d, "settings.txt")).read().split())] * 2)) \
             if os.path.exists(os.path.join(d, "settings.txt")) else {}
         self.stats = {k: load_stats(os.path.join(d, "stats-%s.txt" % k)) for k in KINDS}
@@ -470,7 +486,7 @@ class Report:
             for i, kind in enumerate(KINDS):
                 color = colors[i % len(colors)]
                 family = "handler-cold"
-                for fam, style, label in ((family, "-o", kind), ("floor", "--", None)):
+                for fam, style, label in ((family, "-o", kind), ("floor", "--.", None)):
                     points = [(s, value(fam, kind, s)) for s in self.sizes]
                     points = [(s, v) for s, v in points if v]
                     if points:
@@ -555,7 +571,8 @@ class Report:
         w = self.w
         w("## Memory, allocations and teardown at the largest size")
         w("")
-        w("`rixgen KIND --count N | rixmem KIND -` (tree baselines: `rixmem libxml2|pugixml FILE`). Result memory:")
+        w("`rixgen KIND --count N | rixmem KIND -` (tree baselines: `rixmem libxml2|pugixml FILE`), every record key")
+        w("distinct (the overwrite file list too, unlike its timing table: the largest result). Result memory:")
         w("heap in use after the parse minus before (mallinfo2) and resident growth after `malloc_trim`;")
         w("allocations: C++ allocations while reading; read and teardown: processor time in `rixmem`.")
         w("")
