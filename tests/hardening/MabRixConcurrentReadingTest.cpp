@@ -6,8 +6,13 @@
 #include <thread>
 #include <vector>
 
+#include "MabRixFailureResponse.h"
 #include "MabRixHandlerTable.h"
 #include "MabRixResponseFiles.h"
+#include "MabRixResponseReader.h"
+#include "MabRixSAXHandlerFailure.h"
+#include "MabRixSAXHandlerObjectList.h"
+#include "MabRixTNRObjectContext.h"
 #include "MabRixTestSupport.h"
 
 namespace
@@ -55,4 +60,49 @@ TEST(MabRixConcurrentReading, EightThreadsReadLikeOne)
   for (std::size_t t = 0; t < Threads; ++t)
     for (const std::string& Mismatch : Mismatches[t])
       ADD_FAILURE() << "thread " << t << ": " << Mismatch;
+}
+
+// One reader per thread, each with a context of its own: the check reports,
+// values and objects of one thread's reads never show in another's.
+TEST(MabRixConcurrentReading, OneReaderPerThreadReadsLikeOne)
+{
+  const std::string Objects = std::string(MABRIX_SOURCE_DIR) + "/samples/object-list/objects.xml";
+  const std::string Failure = "<failure success=\"false\" errorcode=\"9\"><reason>r</reason></failure>";
+  const auto ReadBoth = [&](std::size_t iChunk) {
+    MabRixTNRObjectContext* pContext = new MabRixTNRObjectContext();
+    MabRixResponseReader::Options Options;
+    Options._Parser._ChunkSize = iChunk;
+    const MabRixResponseReader ListReader(
+        [&pContext](MabRixSAXHandlerBase& iRoot) {
+          return MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerObjectList(iRoot, pContext));
+        },
+        Options);
+    const MabRixResponseReader FailureReader(
+        [](MabRixSAXHandlerBase& iRoot) { return MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerFailure(iRoot)); },
+        Options);
+    const MabRixReadResult List = ListReader.ReadFile(Objects);
+    const MabRixReadResult Failed = FailureReader.ReadBuffer(Failure);
+    std::string Text = std::to_string(List.Succeeded()) + " " + std::to_string(pContext->GetMinorObjects().size()) +
+                       " " + std::to_string(Failed._Checks.size()) + " " +
+                       (Failed.GetFailureResponse() ? Failed.GetFailureResponse()->GetErrorCode().ToUtf8() : "-");
+    for (const MabRixReadResult::CheckReport& Check : Failed._Checks)
+      Text += " " + Check._Text;
+    pContext->Release();
+    return Text;
+  };
+  const std::string Expected = ReadBoth(64 * 1024);
+  ASSERT_NE(Expected.find("1 3 1 9"), std::string::npos) << Expected;
+
+  std::vector<std::string> Got(4);
+  std::vector<std::thread> Workers;
+  for (std::size_t t = 0; t < Got.size(); ++t)
+    Workers.emplace_back([&, t] {
+      for (int Round = 0; Round < 50 && Got[t].empty(); ++Round)
+        if (const std::string Text = ReadBoth(1 + (t + static_cast<std::size_t>(Round)) % 7 * 13); Text != Expected)
+          Got[t] = Text;
+    });
+  for (std::thread& Worker : Workers)
+    Worker.join();
+  for (std::size_t t = 0; t < Got.size(); ++t)
+    EXPECT_EQ(Got[t], "") << "thread " << t;
 }
