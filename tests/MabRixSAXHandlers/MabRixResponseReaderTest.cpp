@@ -70,6 +70,15 @@ MabRixResponseReader::HandlerFactory Forwarders()
   return [](MabRixSAXHandlerBase& iRoot) { return MabIRixSAXHandler_var::Adopt(new Forwarder(iRoot)); };
 }
 
+// Records an error as the thread's last error, as the object handlers do.
+HRESULT RaiseError(const char* iKey, const char* iCatalog, const char* iFile, int iLine)
+{
+  MabRixError* pError = new MabRixError(iKey, iCatalog);
+  const HRESULT Result = KelError::GetReturn(2, pError, nullptr, iFile, iLine);
+  pError->Release();  // the last-error slot holds its own reference
+  return Result;
+}
+
 // Ends its start the way a broken handler would: by the host's fatal-error
 // report, a null reference, or an error left as the thread's last error.
 class Breaking : public MabRixSAXHandlerBase
@@ -93,7 +102,7 @@ public:
       case NullReference:
         ThrowErrorNullVar();
       case LastError:
-        return KelError::GetReturn(2, new MabRixError("Unexpected", "MabRixIntegration"), nullptr, "Breaking", 34);
+        return RaiseError("Unexpected", "MabRixIntegration", "Breaking", 34);
     }
     return MabRixSAXHandlerBase::StartHandlingEvents(iName, iAttributes);
   }
@@ -395,7 +404,7 @@ TEST(MabRixResponseReader, ANullReferenceEndsTheRead)
 TEST(MabRixResponseReader, RecordsTheErrorTheHandlersLeaveAndOnlyThatOne)
 {
   // An error left by earlier work of the thread is not this read's.
-  (void)KelError::GetReturn(2, new MabRixError("Earlier", "Elsewhere"), nullptr, "Earlier", 1);
+  (void)RaiseError("Earlier", "Elsewhere", "Earlier", 1);
   const MabRixReadResult Clean = MabRixResponseReader(Strings()).ReadBuffer("<m>x</m>");
   EXPECT_FALSE(Clean._LastError);
 
