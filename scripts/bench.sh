@@ -89,6 +89,7 @@ timed() {
 
 [ "$stages" = report ] || echo "sizes $sizes min_time $min_time repetitions $repetitions limits ${limits:-none}" \
   "big_overwrite $big_overwrite rixsax_objects $rixsax_objects rixsax_entries $rixsax_entries summary_objects $summary_objects" >"$out/settings.txt"
+[ "$stages" = report ] || echo "start $(date -u +%H:%M) stages $stages" >>"$out/invocations.txt"
 if stage time; then
   rm -f "$out"/benchmarks*
   cut -d' ' -f1-3 /proc/loadavg >"$out/load-before.txt"
@@ -200,6 +201,7 @@ if stage rixsax && [ -x "$rixsax" ]; then
   rm -f "$data/object-list-300m.xml" "$data/overwrite-200k.xml"
 fi
 
+[ "$stages" = report ] || echo "end $(date -u +%H:%M) stages $stages" >>"$out/invocations.txt"
 stage report || exit 0
 log "report"
 # Debian's python3, which has python3-matplotlib (not another python3 on PATH).

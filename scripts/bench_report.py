@@ -213,7 +213,21 @@ def machine(context, args):
          pkg_version("libbenchmark1debian"), pkg_version("valgrind")),
         "- Run: %s; load average before %s, after %s" % (context.get("date", "?"), args.load_before, args.load_after),
         "- Commit: %s" % commit,
-    ]
+    ] + invocations(args.results)
+
+
+def invocations(directory):
+    """The script's runs that made these results (several may have run side by side)."""
+    path = os.path.join(directory, "invocations.txt")
+    if not os.path.exists(path):
+        return []
+    starts, ends = {}, {}
+    for line in open(path):
+        fields = line.split()
+        if len(fields) == 4:
+            (starts if fields[0] == "start" else ends)[fields[3]] = fields[1]
+    return ["- Parts of the script run (UTC): " + "; ".join(
+        "%s %s-%s" % (stages.replace(",", ", "), start, ends.get(stages, "stopped")) for stages, start in starts.items())]
 
 
 class Report:
