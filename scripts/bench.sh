@@ -89,7 +89,8 @@ timed() {
 
 [ "$stages" = report ] || echo "sizes $sizes min_time $min_time repetitions $repetitions limits ${limits:-none}" \
   "big_overwrite $big_overwrite rixsax_objects $rixsax_objects rixsax_entries $rixsax_entries summary_objects $summary_objects" >"$out/settings.txt"
-[ "$stages" = report ] || echo "start $(date -u +%H:%M) stages $stages" >>"$out/invocations.txt"
+[ "$stages" = report ] || echo "start $(date -u +%H:%M) stages $stages commit $(git rev-parse --short HEAD)" \
+  >>"$out/invocations.txt"
 if stage time; then
   rm -f "$out"/benchmarks*
   cut -d' ' -f1-3 /proc/loadavg >"$out/load-before.txt"

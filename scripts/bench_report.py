@@ -221,13 +221,16 @@ def invocations(directory):
     path = os.path.join(directory, "invocations.txt")
     if not os.path.exists(path):
         return []
-    starts, ends = {}, {}
+    starts, ends, commits = {}, {}, {}
     for line in open(path):
         fields = line.split()
-        if len(fields) == 4:
+        if len(fields) >= 4:
             (starts if fields[0] == "start" else ends)[fields[3]] = fields[1]
+        if len(fields) >= 6:
+            commits[fields[3]] = fields[5]
     return ["- Parts of the script run (UTC): " + "; ".join(
-        "%s %s-%s" % (stages.replace(",", ", "), start, ends.get(stages, "stopped")) for stages, start in starts.items())]
+        "%s %s-%s (commit %s)" % (stages.replace(",", ", "), start, ends.get(stages, "stopped"),
+                                  commits.get(stages, "?")) for stages, start in starts.items())]
 
 
 class Report:
@@ -292,6 +295,20 @@ class Report:
         if field == "peak":
             return max(int(r["peak_rss_kib"]) * 1024 for r in rows)
         return statistics.median(float(r["elapsed_s"]) for r in rows)
+
+    def row_label(self, name):
+        s = self.settings
+        files = {"object-list-300m": "object list of %s" % s.get("rixsax_objects", "?").replace("M", " MiB"),
+                 "overwrite-200k": "overwrite list of %s entries" % fmt(s.get("rixsax_entries", 0)),
+                 "object-list-200k": "object list of %s objects" % fmt(s.get("summary_objects", 0)),
+                 "overwrite-1g": "overwrite list of %s, 1,000 distinct busid, from a pipe" %
+                                 s.get("big_overwrite", "?").replace("G", " GiB").replace("M", " MiB")}
+        m = re.match(r"(rixsax|expat)-(.*?)(?:-(summary|json|text))?$", name)
+        if not m or m.group(2) not in files:
+            return name
+        if m.group(1) == "expat":
+            return "expat, do-nothing callbacks (`rixmem --no-count floor`), %s" % files[m.group(2)]
+        return "`rixsax read --format %s`, %s" % (m.group(3) or "summary", files[m.group(2)])
 
     def row_failed(self, name):
         return any("failed" in r for r in self.rows.get(name, []))
@@ -651,13 +668,15 @@ class Report:
         for name in ("model-object-list-300m", "model-overwrite-200k"):
             m = self.memory.get(name)
             if m:
-                w("| `rixmem` (the model alone), %s | - | %.2f | %.1f |" % (name[6:], float(m["read_cpu_s"]),
-                                                                         int(m["peak_rss_kib"]) / 1024))
+                w("| `rixmem`, the model alone, %s | - | %.2f | %.1f |" % (
+                    self.row_label("rixsax-" + name[6:]).split(", ", 1)[1], float(m["read_cpu_s"]),
+                    int(m["peak_rss_kib"]) / 1024))
         for name in self.rows:
+            label = self.row_label(name)
             if self.row_failed(name):
-                w("| %s | failed or timed out | | |" % name)
+                w("| %s | failed or timed out | | |" % label)
                 continue
-            w("| %s | %.2f | %.2f | %.1f |" % (name, self.row_seconds(name, "elapsed"), self.row_seconds(name),
+            w("| %s | %.2f | %.2f | %.1f |" % (label, self.row_seconds(name, "elapsed"), self.row_seconds(name),
                                                self.row_seconds(name, "peak") / MiB))
         w("")
 
