@@ -1,3 +1,21 @@
 #include "MabERixEntity.h"
 
 KelImplementClass(MabERixEntity, KelBaseUnknown, "KelSystem")
+
+MabERixEntity::MabERixEntity(MabRixContextStore& ioStore, const KelUnicodeString& iType, const KelUnicodeString& iName)
+    : _pStore(&ioStore), _pKeyType(Intern(iType)), _pKeyName(Intern(iName)), _bOwnsStore(false)
+{
+  _Properties.SetArena(&ioStore.GetArena());
+}
+
+MabERixEntity::MabERixEntity(const KelUnicodeString& iType, const KelUnicodeString& iName)
+    : MabERixEntity(*new MabRixContextStore(), iType, iName)
+{
+  _bOwnsStore = true;
+}
+
+MabERixEntity::~MabERixEntity()
+{
+  if (_bOwnsStore)
+    _pStore->Release();
+}

@@ -2,6 +2,10 @@
 // context: the type and name the context knows the entity by, and the
 // properties set on it.
 //
+// Key texts and property values live in a store (MabRixContextStore): the
+// context's for the entities it makes, or one of the entity's own for an
+// entity made alone.
+//
 // Properties are declared with MabERixProperty(Type, Field), which gives
 //   HRESULT _Set<Field>(const Type&)  sets the property (S_OK);
 //   HRESULT Get<Field>(Type&) const   reads it; E_FAIL, out untouched,
@@ -16,13 +20,14 @@
 #include "KelBaseUnknown.h"
 #include "KelClassMacros.h"
 #include "KelUnicodeString.h"
+#include "MabRixContextStore.h"
 #include "MabRixPropertyBag.h"
 
-#define MabERixProperty(Type, Field)                                                  \
-  HRESULT _Set##Field(const Type& iValue) { return _Properties.Set(#Field, iValue); } \
-  HRESULT Get##Field(Type& oValue) const { return _Properties.Get(#Field, oValue); }
+#define MabERixProperty(Type, Field)                                                                      \
+  HRESULT _Set##Field(const Type& iValue) { return _Properties.Set(MabRixPropertyIdOf(#Field), iValue); } \
+  HRESULT Get##Field(Type& oValue) const { return _Properties.Get(MabRixPropertyIdOf(#Field), oValue); }
 
-class MabERixEntity : public KelBaseUnknown
+class MabERixEntity : public KelBaseUnknown, public MabRixContextAllocated
 {
   KelDeclareClass
 
@@ -31,20 +36,32 @@ public:
   MabERixEntity& operator=(const MabERixEntity&) = delete;
 
   // The type and name given to the context's creation (not properties).
-  const KelUnicodeString& GetKeyType() const { return _KeyType; }
-  const KelUnicodeString& GetKeyName() const { return _KeyName; }
+  const KelUnicodeString& GetKeyType() const { return *_pKeyType; }
+  const KelUnicodeString& GetKeyName() const { return *_pKeyName; }
 
   // The properties set so far, in the order they were first set.
-  const std::vector<MabRixProperty>& GetSetProperties() const { return _Properties.GetSetProperties(); }
+  MabRixPropertyList GetSetProperties() const { return _Properties.GetSetProperties(); }
+
+  // The store of this entity's keys and values.
+  MabRixContextStore& GetStore() const { return *_pStore; }
 
 protected:
-  MabERixEntity(const KelUnicodeString& iType, const KelUnicodeString& iName) : _KeyType(iType), _KeyName(iName) {}
+  // An entity of the context that owns ioStore.
+  MabERixEntity(MabRixContextStore& ioStore, const KelUnicodeString& iType, const KelUnicodeString& iName);
+  // An entity made alone, with a store of its own.
+  MabERixEntity(const KelUnicodeString& iType, const KelUnicodeString& iName);
+  ~MabERixEntity() override;
+
+  // The store's copy of iText.
+  const KelUnicodeString* Intern(const KelUnicodeString& iText) const { return &_pStore->Intern(iText.View()); }
 
   MabRixPropertyBag _Properties;
 
 private:
-  KelUnicodeString _KeyType;
-  KelUnicodeString _KeyName;
+  MabRixContextStore* _pStore;
+  const KelUnicodeString* _pKeyType;
+  const KelUnicodeString* _pKeyName;
+  bool _bOwnsStore;
 };
 
 #endif

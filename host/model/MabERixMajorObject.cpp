@@ -3,7 +3,8 @@
 KelImplementClass(MabERixMajorObject, MabERixEntity, "KelSystem")
 
 MabERixMajorObject::MabERixMajorObject(MabERixObject& iObject, const KelUnicodeString& iRevision)
-    : MabERixEntity(iObject.GetKeyType(), iObject.GetKeyName()), _KeyRevision(iRevision), _spObject(&iObject)
+    : MabERixEntity(iObject.GetStore(), iObject.GetKeyType(), iObject.GetKeyName()), _pKeyRevision(Intern(iRevision)),
+      _spObject(&iObject)
 {
 }
 

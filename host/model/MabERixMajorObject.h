@@ -17,7 +17,7 @@ public:
 
   // The revision given to the context's creation; empty for the major
   // object a CAD context made before any revision of its object was known.
-  const KelUnicodeString& GetKeyRevision() const { return _KeyRevision; }
+  const KelUnicodeString& GetKeyRevision() const { return *_pKeyRevision; }
   // The object this revision belongs to.
   MabERixObject* GetOwnerObject() const { return _spObject.Get(); }
 
@@ -44,7 +44,7 @@ public:
 private:
   friend class MabRixCADObjectContext;
 
-  KelUnicodeString _KeyRevision;
+  const KelUnicodeString* _pKeyRevision;  // in the store
   MabERixObject_var _spObject;
 };
 

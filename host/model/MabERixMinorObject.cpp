@@ -5,7 +5,14 @@ KelImplementClass(MabERixMinorObject, MabERixEntity, "KelSystem")
 MabERixMinorObject::MabERixMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
                                        const KelUnicodeString& iName, const KelUnicodeString& iRevision,
                                        const KelUnicodeString& iVersion)
-    : MabERixEntity(iType, iName), _ID(iID), _KeyRevision(iRevision), _KeyVersion(iVersion)
+    : MabERixEntity(iType, iName), _ID(iID), _pKeyRevision(Intern(iRevision)), _pKeyVersion(Intern(iVersion))
+{
+}
+
+MabERixMinorObject::MabERixMinorObject(MabRixContextStore& ioStore, const MabRixObjectID& iID,
+                                       const KelUnicodeString& iType, const KelUnicodeString& iName,
+                                       const KelUnicodeString& iRevision, const KelUnicodeString& iVersion)
+    : MabERixEntity(ioStore, iType, iName), _ID(iID), _pKeyRevision(Intern(iRevision)), _pKeyVersion(Intern(iVersion))
 {
 }
 

@@ -17,11 +17,15 @@ class MabERixMinorObject : public MabERixEntity
 public:
   MabERixMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType, const KelUnicodeString& iName,
                      const KelUnicodeString& iRevision, const KelUnicodeString& iVersion);
+  // A minor object of the context that owns ioStore.
+  MabERixMinorObject(MabRixContextStore& ioStore, const MabRixObjectID& iID, const KelUnicodeString& iType,
+                     const KelUnicodeString& iName, const KelUnicodeString& iRevision,
+                     const KelUnicodeString& iVersion);
 
   // The ID, revision and version given to the context's creation.
   const MabRixObjectID& GetObjectID() const { return _ID; }
-  const KelUnicodeString& GetKeyRevision() const { return _KeyRevision; }
-  const KelUnicodeString& GetKeyVersion() const { return _KeyVersion; }
+  const KelUnicodeString& GetKeyRevision() const { return *_pKeyRevision; }
+  const KelUnicodeString& GetKeyVersion() const { return *_pKeyVersion; }
 
   MabERixProperty(KelUnicodeString, MinorType)
   MabERixProperty(KelUnicodeString, MinorVersion)
@@ -33,8 +37,8 @@ public:
   MabERixProperty(unsigned char, CanResolveUUIDConflict)
   MabERixProperty(MabRixPath, Thumbnail)
   MabERixProperty(KelUnicodeString, OldName)
-  HRESULT _SetAction(KelUnicodeString iAction) { return _Properties.Set("Action", iAction); }
-  HRESULT GetAction(KelUnicodeString& oAction) const { return _Properties.Get("Action", oAction); }
+  HRESULT _SetAction(KelUnicodeString iAction) { return _Properties.Set(MabRixPropertyIdOf("Action"), iAction); }
+  HRESULT GetAction(KelUnicodeString& oAction) const { return _Properties.Get(MabRixPropertyIdOf("Action"), oAction); }
 
   // The document ID (property MinorDocumentID); E_FAIL, out untouched,
   // while it has not been set.
@@ -49,8 +53,8 @@ public:
 
 private:
   MabRixObjectID _ID;
-  KelUnicodeString _KeyRevision;
-  KelUnicodeString _KeyVersion;
+  const KelUnicodeString* _pKeyRevision;  // in the store
+  const KelUnicodeString* _pKeyVersion;
 };
 
 typedef KelVar<MabERixMinorObject> MabERixMinorObject_var;

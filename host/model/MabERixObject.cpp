@@ -4,8 +4,8 @@ KelImplementClass(MabERixObject, MabERixEntity, "KelSystem")
 
 HRESULT MabERixObject::GetContextCurrentRevision(KelUnicodeString& oRevision) const
 {
-  if (!_bHasContextCurrentRevision)
+  if (!_pContextCurrentRevision)
     return E_FAIL;
-  oRevision = _ContextCurrentRevision;
+  oRevision = *_pContextCurrentRevision;
   return S_OK;
 }

@@ -11,6 +11,11 @@ class MabERixObject : public MabERixEntity
 
 public:
   MabERixObject(const KelUnicodeString& iType, const KelUnicodeString& iName) : MabERixEntity(iType, iName) {}
+  // An object of the context that owns ioStore.
+  MabERixObject(MabRixContextStore& ioStore, const KelUnicodeString& iType, const KelUnicodeString& iName)
+      : MabERixEntity(ioStore, iType, iName)
+  {
+  }
 
   MabERixProperty(KelUnicodeString, Type)
   MabERixProperty(KelUnicodeString, Name)
@@ -26,8 +31,7 @@ public:
 private:
   friend class MabRixCADObjectContext;
 
-  KelUnicodeString _ContextCurrentRevision;
-  bool _bHasContextCurrentRevision = false;
+  const KelUnicodeString* _pContextCurrentRevision = nullptr;  // in the store; null while none
 };
 
 typedef KelVar<MabERixObject> MabERixObject_var;

@@ -6,9 +6,10 @@
 #include "KelBaseUnknown.h"
 #include "KelClassMacros.h"
 #include "KelVar.h"
+#include "MabRixContextStore.h"
 #include "MabRixObjectID.h"
 
-class MabERixRelation : public KelBaseUnknown
+class MabERixRelation : public KelBaseUnknown, public MabRixContextAllocated
 {
   KelDeclareClass
 

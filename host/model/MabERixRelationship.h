@@ -7,8 +7,9 @@
 #include "KelClassMacros.h"
 #include "KelDicos.h"
 #include "KelVar.h"
+#include "MabRixContextStore.h"
 
-class MabERixRelationship : public KelBaseUnknown
+class MabERixRelationship : public KelBaseUnknown, public MabRixContextAllocated
 {
   KelDeclareClass
 

@@ -31,8 +31,7 @@ HRESULT MabRixCADObjectContext::SetMajorRevision(const KelUnicodeString& iType, 
   if (iRevision.IsEmpty())
     return E_FAIL;
   MabERixObject* pObject = FindOrAddObject(iType, iName);
-  pObject->_ContextCurrentRevision = iRevision;
-  pObject->_bHasContextCurrentRevision = true;
+  pObject->_pContextCurrentRevision = &GetStore().Intern(iRevision.View());
 
   // The major object made while no revision was known is this revision's.
   const auto Pending = _PendingMajorIndex.find(pObject);
@@ -42,7 +41,7 @@ HRESULT MabRixCADObjectContext::SetMajorRevision(const KelUnicodeString& iType, 
   _PendingMajorIndex.erase(Pending);
   if (!FindMajorObject(iType, iName, iRevision))
   {
-    pMajor->_KeyRevision = iRevision;
+    pMajor->_pKeyRevision = &GetStore().Intern(iRevision.View());
     IndexMajorObject(*pMajor);
   }
   return S_OK;

@@ -48,6 +48,29 @@ public:
     }
   }
 
+  // The entity of hash iHash for which iMatches(entity) holds; when there is
+  // none, the one iMake() returns, entered in its place: one probe sequence
+  // both finds and inserts. iMake must not change this index.
+  template <class Matches, class Make>
+  T* FindOrAdd(std::size_t iHash, Matches&& iMatches, Make&& iMake)
+  {
+    if (2 * (_Count + 1) > _Slots.size())
+      Grow();
+    for (std::size_t i = iHash & _Mask;; i = (i + 1) & _Mask)
+    {
+      Slot& Candidate = _Slots[i];
+      if (!Candidate._pEntity)
+      {
+        T* pEntity = iMake();
+        Candidate = Slot{iHash, pEntity};
+        ++_Count;
+        return pEntity;
+      }
+      if (Candidate._Hash == iHash && iMatches(*Candidate._pEntity))
+        return Candidate._pEntity;
+    }
+  }
+
   // Enters an entity whose key is not in the index yet (borrowed pointer).
   void Add(std::size_t iHash, T* ipEntity)
   {

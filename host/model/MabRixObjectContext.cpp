@@ -4,14 +4,14 @@ KelImplementClass(MabRixObjectContext, KelBaseUnknown, "KelSystem")
 
 namespace
 {
-// Creates the entity, keeps it in iOwned (taking over the creation
-// reference) and returns it.
+// Creates the entity in ioStore, keeps it in ioOwned (taking over the
+// creation reference) and returns it.
 template <class T, class... Args>
-T* Keep(std::vector<KelVar<T>>& ioOwned, Args&&... iArgs)
+T* Keep(MabRixContextStore& ioStore, std::vector<KelVar<T>>& ioOwned, Args&&... iArgs)
 {
-  T* pEntity = new T(std::forward<Args>(iArgs)...);
-  ioOwned.push_back(KelVar<T>::Adopt(pEntity));
-  return pEntity;
+  KelVar<T> spEntity = KelVar<T>::Adopt(new (ioStore) T(std::forward<Args>(iArgs)...));
+  ioOwned.push_back(std::move(spEntity));
+  return ioOwned.back().Get();
 }
 
 std::size_t ObjectHash(const KelUnicodeString& iType, const KelUnicodeString& iName)
@@ -31,6 +31,18 @@ bool HasKey(const MabERixEntity& iEntity, const KelUnicodeString& iType, const K
   return iEntity.GetKeyType() == iType && iEntity.GetKeyName() == iName;
 }
 }  // namespace
+
+MabRixObjectContext::MabRixObjectContext() : _pStore(new MabRixContextStore()) {}
+
+MabRixObjectContext::~MabRixObjectContext()
+{
+  _Relations.clear();
+  _Relationships.clear();
+  _MinorObjects.clear();
+  _MajorObjects.clear();
+  _Objects.clear();
+  _pStore->Release();
+}
 
 MabERixObject* MabRixObjectContext::CreateObject(const KelUnicodeString& iType, const KelUnicodeString& iName)
 {
@@ -61,11 +73,9 @@ MabERixObject* MabRixObjectContext::FindObject(const KelUnicodeString& iType, co
 
 MabERixObject* MabRixObjectContext::FindOrAddObject(const KelUnicodeString& iType, const KelUnicodeString& iName)
 {
-  if (MabERixObject* pObject = FindObject(iType, iName))
-    return pObject;
-  MabERixObject* pObject = Keep(_Objects, iType, iName);
-  _ObjectIndex.Add(ObjectHash(iType, iName), pObject);
-  return pObject;
+  return _ObjectIndex.FindOrAdd(
+      ObjectHash(iType, iName), [&](const MabERixObject& iObject) { return HasKey(iObject, iType, iName); },
+      [&] { return Keep(*_pStore, _Objects, *_pStore, iType, iName); });
 }
 
 MabERixMajorObject* MabRixObjectContext::FindMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
@@ -80,17 +90,18 @@ MabERixMajorObject* MabRixObjectContext::FindOrAddMajorObject(const KelUnicodeSt
                                                               const KelUnicodeString& iName,
                                                               const KelUnicodeString& iRevision)
 {
-  if (MabERixMajorObject* pMajor = FindMajorObject(iType, iName, iRevision))
-    return pMajor;
-  MabERixMajorObject* pMajor = AddUnindexedMajorObject(*FindOrAddObject(iType, iName), iRevision);
-  IndexMajorObject(*pMajor);
-  return pMajor;
+  return _MajorIndex.FindOrAdd(
+      MajorHash(iType, iName, iRevision),
+      [&](const MabERixMajorObject& iMajor) {
+        return HasKey(iMajor, iType, iName) && iMajor.GetKeyRevision() == iRevision;
+      },
+      [&] { return AddUnindexedMajorObject(*FindOrAddObject(iType, iName), iRevision); });
 }
 
 MabERixMajorObject* MabRixObjectContext::AddUnindexedMajorObject(MabERixObject& iObject,
                                                                  const KelUnicodeString& iRevision)
 {
-  return Keep(_MajorObjects, iObject, iRevision);
+  return Keep(*_pStore, _MajorObjects, iObject, iRevision);
 }
 
 void MabRixObjectContext::IndexMajorObject(MabERixMajorObject& iMajor)
@@ -108,24 +119,20 @@ MabERixMinorObject* MabRixObjectContext::FindOrAddMinorObject(const MabRixObject
                                                               const KelUnicodeString& iRevision,
                                                               const KelUnicodeString& iVersion)
 {
-  if (MabERixMinorObject* pMinor = FindMinorObject(iID))
-    return pMinor;
-  MabERixMinorObject* pMinor = Keep(_MinorObjects, iID, iType, iName, iRevision, iVersion);
-  _MinorIndex.Add(IDHash(iID), pMinor);
-  return pMinor;
+  return _MinorIndex.FindOrAdd(
+      IDHash(iID), [&](const MabERixMinorObject& iMinor) { return iMinor.GetObjectID() == iID; },
+      [&] { return Keep(*_pStore, _MinorObjects, *_pStore, iID, iType, iName, iRevision, iVersion); });
 }
 
 MabERixRelationship* MabRixObjectContext::FindOrAddRelationship(const KelUnicodeString& iID,
                                                                 const KelUnicodeString& iKind)
 {
-  const std::size_t Hash = MabRixKeyHash({&iID, &iKind});
-  if (MabERixRelationship* pRelationship = _RelationshipIndex.Find(Hash, [&](const MabERixRelationship& iRelationship) {
+  return _RelationshipIndex.FindOrAdd(
+      MabRixKeyHash({&iID, &iKind}),
+      [&](const MabERixRelationship& iRelationship) {
         return iRelationship.GetID() == iID && iRelationship.GetKind() == iKind;
-      }))
-    return pRelationship;
-  MabERixRelationship* pRelationship = Keep(_Relationships, iID, iKind);
-  _RelationshipIndex.Add(Hash, pRelationship);
-  return pRelationship;
+      },
+      [&] { return Keep(*_pStore, _Relationships, iID, iKind); });
 }
 
 MabERixRelation* MabRixObjectContext::FindOrAddRelation(const MabRixObjectID& iFrom,
@@ -134,12 +141,11 @@ MabERixRelation* MabRixObjectContext::FindOrAddRelation(const MabRixObjectID& iF
 {
   const std::size_t Hash = MabRixKeyHash({&iFrom.GetID(), &iFrom.GetType(), &iFrom.GetName(), &iRelationshipID,
                                           &iTo.GetID(), &iTo.GetType(), &iTo.GetName()});
-  if (MabERixRelation* pRelation = _RelationIndex.Find(Hash, [&](const MabERixRelation& iRelation) {
+  return _RelationIndex.FindOrAdd(
+      Hash,
+      [&](const MabERixRelation& iRelation) {
         return iRelation.GetFromObjectID() == iFrom && iRelation.GetRelationshipID() == iRelationshipID &&
                iRelation.GetToObjectID() == iTo;
-      }))
-    return pRelation;
-  MabERixRelation* pRelation = Keep(_Relations, iFrom, iRelationshipID, iTo);
-  _RelationIndex.Add(Hash, pRelation);
-  return pRelation;
+      },
+      [&] { return Keep(*_pStore, _Relations, iFrom, iRelationshipID, iTo); });
 }

@@ -1,6 +1,8 @@
 // Common part of the object contexts: it owns every entity created in it and
 // releases them when it is destroyed. Each kind of entity is enumerated in
-// creation order.
+// creation order. The entities and their data live in the context's store
+// (MabRixContextStore), which outlives the context while a caller holds any
+// of them.
 //
 // Create operations get or create: a repeated creation for the same key
 // returns the same entity. Unless stated otherwise they return a new
@@ -49,7 +51,10 @@ public:
   const std::vector<MabERixRelation_var>& GetRelations() const { return _Relations; }
 
 protected:
-  MabRixObjectContext() = default;
+  MabRixObjectContext();
+  ~MabRixObjectContext() override;
+
+  MabRixContextStore& GetStore() const { return *_pStore; }
 
   // Finders and makers below return the context's own pointer (no new
   // reference).
@@ -81,6 +86,8 @@ protected:
   }
 
 private:
+  MabRixContextStore* _pStore;  // one reference, released after every entity
+
   std::vector<MabERixObject_var> _Objects;
   std::vector<MabERixMajorObject_var> _MajorObjects;
   std::vector<MabERixMinorObject_var> _MinorObjects;

@@ -3,7 +3,31 @@
 #include <charconv>
 #include <string>
 
-KelUnicodeString MabRixObjectID::GetKey() const { return ComposeKey({&_ID, &_Type, &_Name}); }
+MabRixObjectID::MabRixObjectID(const KelUnicodeString& iType, const KelUnicodeString& iName)
+{
+  if (!iType.IsEmpty() || !iName.IsEmpty())
+    _pTypeName.reset(new TypeName{iType, iName});
+}
+
+MabRixObjectID::MabRixObjectID(const MabRixObjectID& iOther)
+    : _ID(iOther._ID), _pTypeName(iOther._pTypeName ? new TypeName(*iOther._pTypeName) : nullptr)
+{
+}
+
+MabRixObjectID& MabRixObjectID::operator=(const MabRixObjectID& iOther)
+{
+  if (this != &iOther)
+    *this = MabRixObjectID(iOther);
+  return *this;
+}
+
+const KelUnicodeString& MabRixObjectID::Empty()
+{
+  static const KelUnicodeString Text;
+  return Text;
+}
+
+KelUnicodeString MabRixObjectID::GetKey() const { return ComposeKey({&_ID, &GetType(), &GetName()}); }
 
 // One allocation, no temporary.
 KelUnicodeString MabRixObjectID::ComposeKey(std::initializer_list<const KelUnicodeString*> iParts)

@@ -5,6 +5,7 @@
 #define MabRixObjectID_h
 
 #include <initializer_list>
+#include <memory>
 
 #include "KelUnicodeString.h"
 
@@ -13,18 +14,22 @@ class MabRixObjectID
 public:
   MabRixObjectID() = default;
   explicit MabRixObjectID(const KelUnicodeString& iID) : _ID(iID) {}
-  MabRixObjectID(const KelUnicodeString& iType, const KelUnicodeString& iName) : _Type(iType), _Name(iName) {}
+  MabRixObjectID(const KelUnicodeString& iType, const KelUnicodeString& iName);
+  MabRixObjectID(const MabRixObjectID& iOther);
+  MabRixObjectID(MabRixObjectID&& ioOther) noexcept = default;
+  MabRixObjectID& operator=(const MabRixObjectID& iOther);
+  MabRixObjectID& operator=(MabRixObjectID&& ioOther) noexcept = default;
 
   const KelUnicodeString& GetID() const { return _ID; }
-  const KelUnicodeString& GetType() const { return _Type; }
-  const KelUnicodeString& GetName() const { return _Name; }
+  const KelUnicodeString& GetType() const { return _pTypeName ? _pTypeName->_Type : Empty(); }
+  const KelUnicodeString& GetName() const { return _pTypeName ? _pTypeName->_Name : Empty(); }
 
   // A text that identifies the ID: equal keys exactly for equal IDs.
   KelUnicodeString GetKey() const;
 
   bool operator==(const MabRixObjectID& iOther) const
   {
-    return _ID == iOther._ID && _Type == iOther._Type && _Name == iOther._Name;
+    return _ID == iOther._ID && GetType() == iOther.GetType() && GetName() == iOther.GetName();
   }
   bool operator!=(const MabRixObjectID& iOther) const { return !(*this == iOther); }
 
@@ -33,9 +38,18 @@ public:
   static KelUnicodeString ComposeKey(std::initializer_list<const KelUnicodeString*> iParts);
 
 private:
+  // An ID has an id or a type and name, seldom both: the type and name take
+  // room only when there are some (a TNR context keeps millions of IDs).
+  struct TypeName
+  {
+    KelUnicodeString _Type;
+    KelUnicodeString _Name;
+  };
+
+  static const KelUnicodeString& Empty();
+
   KelUnicodeString _ID;
-  KelUnicodeString _Type;
-  KelUnicodeString _Name;
+  std::unique_ptr<TypeName> _pTypeName;  // null while both are empty
 };
 
 #endif

@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+
+#include "MabRixArena.h"
+#include "MabRixContextStore.h"
+#include "MabRixPropertyBag.h"
+
+namespace
+{
+const MabRixPropertyId State = MabRixPropertyIdOf("State");
+const MabRixPropertyId LockStatus = MabRixPropertyIdOf("LockStatus");
+const MabRixPropertyId Folder = MabRixPropertyIdOf("ConnectedFolder");
+const MabRixPropertyId DocumentID = MabRixPropertyIdOf("MinorDocumentID");
+const MabRixPropertyId Thumbnail = MabRixPropertyIdOf("Thumbnail");
+
+std::string Listing(const MabRixPropertyBag& iBag)
+{
+  std::string Text;
+  for (const MabRixProperty& Property : iBag.GetSetProperties())
+  {
+    Text += std::string(Property._Name) + "=";
+    if (const KelUnicodeString* pText = std::get_if<KelUnicodeString>(&Property._Value))
+      Text += pText->ToUtf8();
+    else if (const unsigned char* pFlag = std::get_if<unsigned char>(&Property._Value))
+      Text += std::to_string(*pFlag);
+    else
+      Text += "#" + std::to_string(Property._Value.index());
+    Text += ";";
+  }
+  return Text;
+}
+
+void ExpectEveryKindRoundTrips(MabRixPropertyBag& ioBag)
+{
+  const std::string Long(300, 'x');  // a length of two varint bytes
+  ioBag.Set(State, KelUnicodeString("short"));
+  ioBag.Set(LockStatus, static_cast<unsigned char>(TRUE));
+  ioBag.Set(Folder, KelUnicodeStringList{"", Long.c_str(), "c"});
+  ioBag.Set(DocumentID, MabRixDocumentID::Create("", "name", MabRixPath("/p")));
+  ioBag.Set(Thumbnail, MabRixPath(""));
+  // Replaced by longer, shorter and other-typed values: each keeps its place.
+  ioBag.Set(State, KelUnicodeString(Long.c_str()));
+  ioBag.Set(LockStatus, KelUnicodeString("now a text"));
+  ioBag.Set(State, KelUnicodeString(""));
+  EXPECT_EQ(Listing(ioBag), "State=;LockStatus=now a text;ConnectedFolder=#2;MinorDocumentID=#4;Thumbnail=#3;");
+  EXPECT_EQ(ioBag.GetSetProperties().size(), 5u);
+
+  KelUnicodeStringList List;
+  EXPECT_EQ(ioBag.Get(Folder, List), S_OK);
+  EXPECT_EQ(List, (KelUnicodeStringList{"", Long.c_str(), "c"}));
+  MabRixDocumentID ID;
+  EXPECT_EQ(ioBag.Get(DocumentID, ID), S_OK);
+  EXPECT_EQ(ID, MabRixDocumentID::Create("", "name", MabRixPath("/p")));
+  MabRixPath Path("untouched");
+  EXPECT_EQ(ioBag.Get(Thumbnail, Path), S_OK);
+  EXPECT_FALSE(Path.IsValid());
+  unsigned char Flag = 7;
+  EXPECT_EQ(ioBag.Get(LockStatus, Flag), E_FAIL);  // a text now
+  EXPECT_EQ(Flag, 7);
+  KelUnicodeString Text = "untouched";
+  EXPECT_EQ(ioBag.Get(MabRixPropertyIdOf("Status"), Text), E_FAIL);
+  EXPECT_EQ(Text, "untouched");
+  EXPECT_EQ(ioBag.Get(State, Text), S_OK);
+  EXPECT_EQ(Text, "");
+  EXPECT_EQ(ioBag.GetSetProperties()[2]._Value, MabRixPropertyValue(KelUnicodeStringList{"", Long.c_str(), "c"}));
+}
+}  // namespace
+
+TEST(MabRixPropertyBag, EveryKindOfValueRoundTripsOnTheHeap)
+{
+  MabRixPropertyBag Bag;
+  EXPECT_TRUE(Bag.GetSetProperties().empty());
+  ExpectEveryKindRoundTrips(Bag);
+}
+
+TEST(MabRixPropertyBag, EveryKindOfValueRoundTripsInAnArena)
+{
+  MabRixArena Arena;
+  MabRixPropertyBag Bag;
+  Bag.SetArena(&Arena);
+  ExpectEveryKindRoundTrips(Bag);
+  EXPECT_GT(Arena.GetReservedBytes(), 0u);
+}
+
+TEST(MabRixArena, PiecesAreAlignedAndTheLatestGrowsInPlace)
+{
+  MabRixArena Arena;
+  char* pFirst = static_cast<char*>(Arena.Allocate(3, 1));
+  void* pAligned = Arena.Allocate(8, 8);
+  EXPECT_EQ(reinterpret_cast<std::uintptr_t>(pAligned) % 8, 0u);
+  EXPECT_FALSE(Arena.Extend(pFirst, 3, 4));  // not the latest any more
+  EXPECT_TRUE(Arena.Extend(pAligned, 8, 64));
+  // A piece larger than any chunk so far gets a chunk of its own.
+  char* pLarge = static_cast<char*>(Arena.Allocate(1 << 20, 16));
+  pLarge[(1 << 20) - 1] = 'x';
+  EXPECT_GE(Arena.GetReservedBytes(), std::size_t(1) << 20);
+}
+
+TEST(MabRixContextStore, OneCopyOfEachText)
+{
+  MabRixContextStore* pStore = new MabRixContextStore();
+  const KelUnicodeString& Part = pStore->Intern("a type name longer than a short string");
+  for (int i = 0; i < 100; ++i)
+    pStore->Intern("name" + std::to_string(i));  // the table grows
+  EXPECT_EQ(&pStore->Intern("a type name longer than a short string"), &Part);
+  EXPECT_EQ(Part, "a type name longer than a short string");
+  EXPECT_EQ(pStore->Intern("name42"), "name42");
+  EXPECT_NE(&pStore->Intern(""), &Part);
+  pStore->Release();
+}
