@@ -4,24 +4,65 @@
 
 #include "MabRixCADObjectContext.h"
 #include "MabRixCustomQueryResultValue.h"
-#include "MabRixSAXHandlerCollectionListQueryResult.h"
-#include "MabRixSAXHandlerCustomQueryResult.h"
-#include "MabRixSAXHandlerObjectDetailsList.h"
-#include "MabRixSAXHandlerObjectList.h"
-#include "MabRixSAXHandlerOverwriteFileList.h"
-#include "MabRixSAXHandlerRelationshipList.h"
-#include "MabRixSAXHandlerStructure.h"
-#include "MabRixSAXHandlerWorkspaceListQueryResult.h"
+#include "MabRixHandlerCatalogue.h"
 #include "MabRixStringMapValue.h"
+#include "MabRixStringValueFormat.h"
 #include "MabRixTNRObjectContext.h"
 #include "MabRixWorkspaceListQueryResultValue.h"
 
 namespace
 {
-template <class Handler>
-MabRixBenchFactory FactoryOf()
+// The catalogue's options of a benchmark session: rixsax's defaults, and
+// contexts that live as long as the session.
+class BenchOptions : public MabRixHandlerOptions
 {
-  return [](MabRixSAXHandlerBase& ioRoot) -> MabIRixSAXHandler* { return new Handler(ioRoot); };
+public:
+  ~BenchOptions() override
+  {
+    _pTNRContext->Release();
+    _pCADContext->Release();
+  }
+  KelUnicodeString ListSeparator() override { return KelUnicodeString(","); }
+  KelUnicodeString FirstSeparator() override { return KelUnicodeString(";"); }
+  KelUnicodeString SecondSeparator() override { return KelUnicodeString("="); }
+  KelUnicodeString ItemElement() override { return KelUnicodeString("item"); }
+  bool KeyValueElements() override { return false; }
+  KelUnicodeString KeyElement() override { return KelUnicodeString(); }
+  KelUnicodeString ValueElement() override { return KelUnicodeString(); }
+  KelBaseUnknown_varKelUnicodeStringDico* FormatMap() override { return nullptr; }
+  MabRixValueFormat& Format() override { return *_spFormat; }
+  KelUnicodeString ElementKind() override { return KelUnicodeString(); }
+  int RootLevel() override { return 0; }
+  unsigned char LockSuccess() override { return TRUE; }
+  MabRixTNRObjectContext*& TNRContext() override { return _pTNRContext; }
+  MabRixCADObjectContext*& CADContext() override { return _pCADContext; }
+  MabRixObjectDetailsResponse* ObjectDetailsResponse() override { return nullptr; }
+
+private:
+  KelVar<MabRixStringValueFormat> _spFormat = KelVar<MabRixStringValueFormat>::Adopt(new MabRixStringValueFormat());
+  MabRixTNRObjectContext* _pTNRContext = new MabRixTNRObjectContext();
+  MabRixCADObjectContext* _pCADContext = new MabRixCADObjectContext();
+};
+
+// A session of the catalogue's handler iName; the factory hands over a
+// creation reference, as the root adopts it.
+MabRixBenchSession CatalogueSession(const char* iName)
+{
+  std::shared_ptr<BenchOptions> spOptions = std::make_shared<BenchOptions>();
+  const MabRixCatalogueFactory Make = MabRixFindCatalogueEntry(iName)->_Make;
+  MabRixBenchSession Session;
+  Session._Factory = [pOptions = spOptions.get(), Make](MabRixSAXHandlerBase& ioRoot) -> MabIRixSAXHandler* {
+    const MabIRixSAXHandler_var spHandler = Make(ioRoot, *pOptions);
+    spHandler->AddRef();
+    return spHandler.Get();
+  };
+  Session._spKeep = spOptions;
+  return Session;
+}
+
+BenchOptions& OptionsOf(const MabRixBenchSession& iSession)
+{
+  return *static_cast<BenchOptions*>(iSession._spKeep.get());
 }
 
 std::uint64_t MapEntries(const MabRixBenchRun& iRun)
@@ -30,14 +71,12 @@ std::uint64_t MapEntries(const MabRixBenchRun& iRun)
   return pMap ? static_cast<std::uint64_t>(pMap->_Value.Size()) : 0;
 }
 
-// A context of the session, handed to the handler by a reference to a
-// pointer that lives as long as the session.
-template <class Context>
-struct ContextHolder
+// A session whose entries iEntries counts in the value.
+MabRixBenchSession Counted(MabRixBenchSession iSession, std::function<std::uint64_t(const MabRixBenchRun&)> iEntries)
 {
-  Context* _pContext = new Context();
-  ~ContextHolder() { _pContext->Release(); }
-};
+  iSession._Entries = std::move(iEntries);
+  return iSession;
+}
 
 // What a run left in the context: the entities the handler makes.
 enum class Entities
@@ -47,16 +86,14 @@ enum class Entities
   Relations
 };
 
-template <class Context, class Handler, class... Arguments>
-MabRixBenchSession WithContext(Entities iCounted, Arguments... iArguments)
+// A handler that writes a context: the entries are what it left there.
+MabRixBenchSession WithContext(const char* iName, Entities iCounted)
 {
-  std::shared_ptr<ContextHolder<Context>> spHolder = std::make_shared<ContextHolder<Context>>();
-  MabRixBenchSession Session;
-  Session._Factory = [pHolder = spHolder.get(), iArguments...](MabRixSAXHandlerBase& ioRoot) -> MabIRixSAXHandler* {
-    return new Handler(ioRoot, pHolder->_pContext, iArguments...);
-  };
-  Session._Entries = [pHolder = spHolder.get(), iCounted](const MabRixBenchRun&) -> std::uint64_t {
-    const Context& Filled = *pHolder->_pContext;
+  MabRixBenchSession Session = CatalogueSession(iName);
+  const bool CAD = MabRixFindCatalogueEntry(iName)->_Context == MabRixWrittenContext::CAD;
+  Session._Entries = [pOptions = &OptionsOf(Session), CAD, iCounted](const MabRixBenchRun&) -> std::uint64_t {
+    const MabRixObjectContext& Filled = CAD ? static_cast<const MabRixObjectContext&>(*pOptions->CADContext())
+                                            : static_cast<const MabRixObjectContext&>(*pOptions->TNRContext());
     switch (iCounted)
     {
       case Entities::Relationships:
@@ -67,7 +104,6 @@ MabRixBenchSession WithContext(Entities iCounted, Arguments... iArguments)
         return Filled.GetMinorObjects().size();
     }
   };
-  Session._spKeep = spHolder;
   return Session;
 }
 
@@ -86,50 +122,34 @@ void Prefill(MabRixTNRObjectContext& ioContext, std::uint64_t iRecords)
 
 MabRixBenchSession OverwriteFileList(std::uint64_t)
 {
-  return {FactoryOf<MabRixSAXHandlerOverwriteFileList>(), &MapEntries, nullptr};
+  return Counted(CatalogueSession("overwrite-file-list"), &MapEntries);
 }
-MabRixBenchSession ObjectDetailsList(std::uint64_t)
-{
-  return WithContext<MabRixCADObjectContext, MabRixSAXHandlerObjectDetailsList>(Entities::MinorObjects);
-}
-MabRixBenchSession ObjectList(std::uint64_t)
-{
-  return WithContext<MabRixTNRObjectContext, MabRixSAXHandlerObjectList>(Entities::MinorObjects);
-}
-MabRixBenchSession RelationshipList(std::uint64_t)
-{
-  return WithContext<MabRixTNRObjectContext, MabRixSAXHandlerRelationshipList>(Entities::Relationships);
-}
+MabRixBenchSession ObjectDetailsList(std::uint64_t) { return WithContext("object-details", Entities::MinorObjects); }
+MabRixBenchSession ObjectList(std::uint64_t) { return WithContext("object-list", Entities::MinorObjects); }
+MabRixBenchSession RelationshipList(std::uint64_t) { return WithContext("relationship-list", Entities::Relationships); }
 MabRixBenchSession Structure(std::uint64_t iRecords)
 {
-  MabRixBenchSession Session = WithContext<MabRixTNRObjectContext, MabRixSAXHandlerStructure>(Entities::Relations, 0);
-  Prefill(*static_cast<ContextHolder<MabRixTNRObjectContext>*>(Session._spKeep.get())->_pContext, iRecords);
+  MabRixBenchSession Session = WithContext("structure", Entities::Relations);
+  Prefill(*OptionsOf(Session).TNRContext(), iRecords);
   return Session;
 }
 MabRixBenchSession WorkspaceList(std::uint64_t)
 {
-  return {FactoryOf<MabRixSAXHandlerWorkspaceListQueryResult>(),
-          [](const MabRixBenchRun& iRun) -> std::uint64_t {
-            const MabRixWorkspaceListQueryResultValue* pValue =
-                KelImplCast<MabRixWorkspaceListQueryResultValue>(iRun._spValue.Get());
-            return pValue ? static_cast<std::uint64_t>(pValue->_WorkspaceDetails.Size()) : 0;
-          },
-          nullptr};
+  return Counted(CatalogueSession("workspace-list"), [](const MabRixBenchRun& iRun) -> std::uint64_t {
+    const MabRixWorkspaceListQueryResultValue* pValue =
+        KelImplCast<MabRixWorkspaceListQueryResultValue>(iRun._spValue.Get());
+    return pValue ? static_cast<std::uint64_t>(pValue->_WorkspaceDetails.Size()) : 0;
+  });
 }
-MabRixBenchSession CollectionList(std::uint64_t)
-{
-  return {FactoryOf<MabRixSAXHandlerCollectionListQueryResult>(), &MapEntries, nullptr};
-}
+MabRixBenchSession CollectionList(std::uint64_t) { return Counted(CatalogueSession("collection-list"), &MapEntries); }
 // The value brings its own TNR context: the rows are its minor objects.
 MabRixBenchSession CustomQuery(std::uint64_t)
 {
-  return {FactoryOf<MabRixSAXHandlerCustomQueryResult>(),
-          [](const MabRixBenchRun& iRun) -> std::uint64_t {
-            const MabRixCustomQueryResultValue* pValue = KelImplCast<MabRixCustomQueryResultValue>(iRun._spValue.Get());
-            const MabRixTNRObjectContext* pContext = pValue ? pValue->GetObjectContext() : nullptr;
-            return pContext ? static_cast<std::uint64_t>(pContext->GetMinorObjects().size()) : 0;
-          },
-          nullptr};
+  return Counted(CatalogueSession("custom-query"), [](const MabRixBenchRun& iRun) -> std::uint64_t {
+    const MabRixCustomQueryResultValue* pValue = KelImplCast<MabRixCustomQueryResultValue>(iRun._spValue.Get());
+    const MabRixTNRObjectContext* pContext = pValue ? pValue->GetObjectContext() : nullptr;
+    return pContext ? static_cast<std::uint64_t>(pContext->GetMinorObjects().size()) : 0;
+  });
 }
 }  // namespace
 

@@ -1,11 +1,13 @@
 // Class registration, written once. A class declares its identity with
 // KelDeclareClass in its body and defines it with KelImplementClass in its
-// source file. KelBaseUnknown is the root of every chain; its record names
-// the placeholder base "Kelnull".
+// source file, which also enters it in the registry of the program's classes
+// (KelClassRegistry.h). KelBaseUnknown is the root of every chain; its record
+// names the placeholder base "Kelnull".
 #ifndef KelClassMacros_h
 #define KelClassMacros_h
 
 #include "KelBaseUnknown.h"
+#include "KelClassRegistry.h"
 #include "KelMetaObject.h"
 
 #define KelDeclareClass                                \
@@ -17,15 +19,16 @@ public:                                                \
                                                        \
 private:
 
-#define KelImplementClassRecord(Class, BaseRecord, BaseName, Framework)         \
-  const KelMetaObject* Class::MetaObject()                                      \
-  {                                                                             \
-    static const KelMetaObject Record{#Class, BaseRecord, Framework, BaseName}; \
-    return &Record;                                                             \
-  }                                                                             \
-  const char* Class::ClassId() { return #Class; }                               \
-  KelBaseUnknown* Class::CreateItself() { return nullptr; }                     \
-  const KelMetaObject* Class::GetMetaObject() const { return Class::MetaObject(); }
+#define KelImplementClassRecord(Class, BaseRecord, BaseName, Framework)             \
+  const KelMetaObject* Class::MetaObject()                                          \
+  {                                                                                 \
+    static const KelMetaObject Record{#Class, BaseRecord, Framework, BaseName};     \
+    return &Record;                                                                 \
+  }                                                                                 \
+  const char* Class::ClassId() { return #Class; }                                   \
+  KelBaseUnknown* Class::CreateItself() { return nullptr; }                         \
+  const KelMetaObject* Class::GetMetaObject() const { return Class::MetaObject(); } \
+  static const KelClassRegistration KelRegistrationOf##Class(&Class::MetaObject);
 
 // Class derived from BaseClass, registered in Framework.
 #define KelImplementClass(Class, BaseClass, Framework) \

@@ -1,48 +1,20 @@
 #include "MabRixHandlerTable.h"
 
-#include <utility>
+#include <algorithm>
+#include <iterator>
+#include <string_view>
 
-#include "MabERixMajorObject.h"
-#include "MabERixObject.h"
-#include "MabRixAttributeValue.h"
-#include "MabRixBooleanValue.h"
 #include "MabRixBooleanValueFormat.h"
 #include "MabRixCADObjectContext.h"
-#include "MabRixCustomQueryResultValue.h"
-#include "MabRixSAXHandlerAttribute.h"
-#include "MabRixSAXHandlerBoolean.h"
-#include "MabRixSAXHandlerCollectionListQueryResult.h"
-#include "MabRixSAXHandlerCustomQueryResult.h"
-#include "MabRixSAXHandlerFailure.h"
-#include "MabRixSAXHandlerLockUnlockExObjectDetailsList.h"
-#include "MabRixSAXHandlerObjectAttribute.h"
-#include "MabRixSAXHandlerObjectDetailsList.h"
-#include "MabRixSAXHandlerObjectList.h"
-#include "MabRixSAXHandlerOverwriteFileList.h"
-#include "MabRixSAXHandlerRelationshipList.h"
-#include "MabRixSAXHandlerSavedQueryResult.h"
-#include "MabRixSAXHandlerString.h"
-#include "MabRixSAXHandlerStringList.h"
-#include "MabRixSAXHandlerStringListMap.h"
-#include "MabRixSAXHandlerStringMap.h"
-#include "MabRixSAXHandlerStructure.h"
-#include "MabRixSAXHandlerTemplateListQueryResult.h"
-#include "MabRixSAXHandlerUIElementQueryResult.h"
-#include "MabRixSAXHandlerWorkspaceListQueryResult.h"
-#include "MabRixSAXHandlerWorkspaceVaultListQueryResult.h"
-#include "MabRixSAXHandlerXMLStringList.h"
-#include "MabRixSAXHandlerXMLStringListMap.h"
-#include "MabRixSAXHandlerXMLStringMap.h"
-#include "MabRixStringListMapValue.h"
+#include "MabRixHandlerCatalogue.h"
 #include "MabRixStringListMapValueFormat.h"
-#include "MabRixStringListValue.h"
 #include "MabRixStringListValueFormat.h"
-#include "MabRixStringMapValue.h"
 #include "MabRixStringMapValueFormat.h"
-#include "MabRixStringValue.h"
 #include "MabRixStringValueFormat.h"
 #include "MabRixTNRObjectContext.h"
 #include "MabRixTestSupport.h"
+#include "RixsaxContextJson.h"
+#include "RixsaxValueJson.h"
 
 KelUnicodeString MabRixOptionBytes::Separator()
 {
@@ -52,20 +24,6 @@ KelUnicodeString MabRixOptionBytes::Separator()
 
 namespace
 {
-template <class Handler, class... Arguments>
-MabIRixSAXHandler_var Make(MabRixSAXHandlerBase& iParent, Arguments&&... iArguments)
-{
-  return MabIRixSAXHandler_var::Adopt(new Handler(iParent, std::forward<Arguments>(iArguments)...));
-}
-
-// A handler built from its parent alone.
-template <class Handler>
-MabRixHandlerEntry Plain(const char* iName)
-{
-  return {iName,
-          [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed&) { return Make<Handler>(iParent); }};
-}
-
 // One of the value formats, chosen by the options.
 MabRixValueFormat& ChooseFormat(MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed)
 {
@@ -114,32 +72,14 @@ KelUnicodeString ElementName(MabRixOptionBytes& ioOptions)
   return KelUnicodeString(Names[ioOptions.Byte() % (sizeof Names / sizeof Names[0])]);
 }
 
-std::string ObjectNames(const MabRixObjectContext& iContext)
-{
-  std::string Names;
-  for (const MabERixObject_var& spObject : iContext.GetObjects())
-    Names += " " + spObject->GetKeyName().ToUtf8();
-  for (const MabERixMajorObject_var& spMajor : iContext.GetMajorObjects())
-    Names += " @" + spMajor->GetKeyRevision().ToUtf8();
-  return Names;
-}
-
-// What an object context holds, for comparisons.
-std::string DescribeContext(const MabRixObjectContext& iContext)
-{
-  return "context " + std::to_string(iContext.GetObjects().size()) + " objects, " +
-         std::to_string(iContext.GetMajorObjects().size()) + " major, " +
-         std::to_string(iContext.GetMinorObjects().size()) + " minor, " +
-         std::to_string(iContext.GetRelationships().size()) + " relationships, " +
-         std::to_string(iContext.GetRelations().size()) + " relations" + ObjectNames(iContext);
-}
+std::string Text(const RixsaxJson& iJson) { return iJson.dump(-1, ' ', false, RixsaxJson::error_handler_t::replace); }
 
 // A CAD object context lent to the handler, through the pointer it takes by
 // reference.
 MabRixCADObjectContext*& CADContext(MabRixBorrowed& ioBorrowed)
 {
   MabRixCADObjectContext& Context = ioBorrowed.Adopt(new MabRixCADObjectContext());
-  ioBorrowed._Describe = [&Context] { return DescribeContext(Context); };
+  ioBorrowed._Describe = [&Context] { return "context " + Text(RixsaxCADContextJson(Context)); };
   return ioBorrowed.Own(new MabRixCADObjectContext*(&Context));
 }
 
@@ -147,87 +87,87 @@ MabRixCADObjectContext*& CADContext(MabRixBorrowed& ioBorrowed)
 MabRixTNRObjectContext*& TNRContext(MabRixBorrowed& ioBorrowed)
 {
   MabRixTNRObjectContext& Context = ioBorrowed.Adopt(new MabRixTNRObjectContext());
-  ioBorrowed._Describe = [&Context] { return DescribeContext(Context); };
+  ioBorrowed._Describe = [&Context] { return "context " + Text(RixsaxTNRContextJson(Context)); };
   return ioBorrowed.Own(new MabRixTNRObjectContext*(&Context));
 }
 
-// New entries go at the end: the fuzz corpus names handlers by position.
+// The catalogue's options drawn from bytes, in the order the factory asks.
+class BytesOptions : public MabRixHandlerOptions
+{
+public:
+  BytesOptions(MabRixOptionBytes& ioBytes, MabRixBorrowed& ioBorrowed) : _Bytes(ioBytes), _Borrowed(ioBorrowed) {}
+
+  KelUnicodeString ListSeparator() override { return _Bytes.Separator(); }
+  KelUnicodeString FirstSeparator() override { return _Bytes.Separator(); }
+  KelUnicodeString SecondSeparator() override { return _Bytes.Separator(); }
+  KelUnicodeString ItemElement() override { return ElementName(_Bytes); }
+  bool KeyValueElements() override { return !_Bytes.Flag(); }
+  KelUnicodeString KeyElement() override { return ElementName(_Bytes); }
+  KelUnicodeString ValueElement() override { return ElementName(_Bytes); }
+  KelBaseUnknown_varKelUnicodeStringDico* FormatMap() override
+  {
+    return _Bytes.Flag() ? &ChooseFormatMap(_Bytes, _Borrowed) : nullptr;
+  }
+  MabRixValueFormat& Format() override { return ChooseFormat(_Bytes, _Borrowed); }
+  KelUnicodeString ElementKind() override { return ElementName(_Bytes); }
+  int RootLevel() override { return _Bytes.Byte() % 4 - 1; }
+  // TRUE unless the options say otherwise, as the command layer's default.
+  unsigned char LockSuccess() override { return _Bytes.Flag() ? FALSE : TRUE; }
+  MabRixTNRObjectContext*& TNRContext() override { return ::TNRContext(_Borrowed); }
+  MabRixCADObjectContext*& CADContext() override { return ::CADContext(_Borrowed); }
+  MabRixObjectDetailsResponse* ObjectDetailsResponse() override { return nullptr; }
+
+private:
+  MabRixOptionBytes& _Bytes;
+  MabRixBorrowed& _Borrowed;
+};
+
+// The fuzz corpus names handlers by their position in this order; handlers
+// the catalogue gained since follow in catalogue order.
+const char* const CorpusOrder[] = {"string",
+                                   "boolean",
+                                   "string-list",
+                                   "string-map",
+                                   "string-list-map",
+                                   "attribute",
+                                   "collection-list",
+                                   "overwrite-file-list",
+                                   "template-list",
+                                   "workspace-list",
+                                   "vault-list",
+                                   "xml-string-list",
+                                   "xml-string-map",
+                                   "xml-string-list-map",
+                                   "failure",
+                                   "saved-query",
+                                   "ui-element",
+                                   "object-details",
+                                   "object-attribute",
+                                   "object-list",
+                                   "relationship-list",
+                                   "structure",
+                                   "lock-unlock",
+                                   "custom-query"};
+
+MabRixHandlerEntry TableEntry(const MabRixCatalogueEntry& iEntry)
+{
+  const MabRixCatalogueFactory Make = iEntry._Make;
+  return {iEntry._Name, [Make](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioBytes, MabRixBorrowed& ioBorrowed) {
+            BytesOptions Options(ioBytes, ioBorrowed);
+            return Make(iParent, Options);
+          }};
+}
+
 std::vector<MabRixHandlerEntry> BuildTable()
 {
   std::vector<MabRixHandlerEntry> Table;
-  Table.push_back(Plain<MabRixSAXHandlerString>("string"));
-  Table.push_back(Plain<MabRixSAXHandlerBoolean>("boolean"));
-  Table.push_back({"string-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-                     return Make<MabRixSAXHandlerStringList>(iParent, ioOptions.Separator());
-                   }});
-  Table.push_back({"string-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-                     const KelUnicodeString First = ioOptions.Separator();
-                     return Make<MabRixSAXHandlerStringMap>(iParent, First, ioOptions.Separator());
-                   }});
-  Table.push_back({"string-list-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-                     const KelUnicodeString First = ioOptions.Separator();
-                     const KelUnicodeString Second = ioOptions.Separator();
-                     return Make<MabRixSAXHandlerStringListMap>(iParent, First, Second, ioOptions.Separator());
-                   }});
-  Table.push_back(
-      {"attribute", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed) {
-         if (ioOptions.Flag())
-           return Make<MabRixSAXHandlerAttribute>(iParent, ChooseFormatMap(ioOptions, ioBorrowed));
-         return Make<MabRixSAXHandlerAttribute>(iParent, ChooseFormat(ioOptions, ioBorrowed));
-       }});
-  Table.push_back(Plain<MabRixSAXHandlerCollectionListQueryResult>("collection-list"));
-  Table.push_back(Plain<MabRixSAXHandlerOverwriteFileList>("overwrite-file-list"));
-  Table.push_back(Plain<MabRixSAXHandlerTemplateListQueryResult>("template-list"));
-  Table.push_back(Plain<MabRixSAXHandlerWorkspaceListQueryResult>("workspace-list"));
-  Table.push_back(Plain<MabRixSAXHandlerWorkspaceVaultListQueryResult>("vault-list"));
-  Table.push_back({"xml-string-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-                     return Make<MabRixSAXHandlerXMLStringList>(iParent, ElementName(ioOptions));
-                   }});
-  Table.push_back({"xml-string-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-                     if (ioOptions.Flag())
-                       return Make<MabRixSAXHandlerXMLStringMap>(iParent);
-                     const KelUnicodeString Key = ElementName(ioOptions);
-                     return Make<MabRixSAXHandlerXMLStringMap>(iParent, Key, ElementName(ioOptions));
-                   }});
-  Table.push_back(
-      {"xml-string-list-map", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-         return Make<MabRixSAXHandlerXMLStringListMap>(iParent, ioOptions.Separator());
-       }});
-  Table.push_back(Plain<MabRixSAXHandlerFailure>("failure"));
-  Table.push_back(Plain<MabRixSAXHandlerSavedQueryResult>("saved-query"));
-  Table.push_back({"ui-element", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed&) {
-                     return Make<MabRixSAXHandlerUIElementQueryResult>(iParent, ElementName(ioOptions));
-                   }});
-  Table.push_back({"object-details", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed& ioBorrowed) {
-                     MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
-                     return Make<MabRixSAXHandlerObjectDetailsList>(iParent, pContext);
-                   }});
-  Table.push_back(Plain<MabRixSAXHandlerObjectAttribute>("object-attribute"));
-  Table.push_back({"object-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed& ioBorrowed) {
-                     MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
-                     return Make<MabRixSAXHandlerObjectList>(iParent, pContext);
-                   }});
-  Table.push_back(
-      {"relationship-list", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes&, MabRixBorrowed& ioBorrowed) {
-         MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
-         return Make<MabRixSAXHandlerRelationshipList>(iParent, pContext);
-       }});
-  Table.push_back(
-      {"structure", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed) {
-         const int RootLevel = ioOptions.Byte() % 4 - 1;
-         MabRixTNRObjectContext*& pContext = TNRContext(ioBorrowed);
-         return Make<MabRixSAXHandlerStructure>(iParent, pContext, RootLevel);
-       }});
-  // The outcome is TRUE unless the options say otherwise, as the command
-  // layer's default.
-  Table.push_back(
-      {"lock-unlock", [](MabRixSAXHandlerBase& iParent, MabRixOptionBytes& ioOptions, MabRixBorrowed& ioBorrowed) {
-         const unsigned char LockUnlockSuccess = ioOptions.Flag() ? FALSE : TRUE;
-         MabRixCADObjectContext*& pContext = CADContext(ioBorrowed);
-         return Make<MabRixSAXHandlerLockUnlockExObjectDetailsList>(iParent, pContext, LockUnlockSuccess);
-       }});
-  // Its objects go to the context its value carries, not to a borrowed one.
-  Table.push_back(Plain<MabRixSAXHandlerCustomQueryResult>("custom-query"));
+  for (const char* Name : CorpusOrder)
+    if (const MabRixCatalogueEntry* pEntry = MabRixFindCatalogueEntry(Name))
+      Table.push_back(TableEntry(*pEntry));
+  for (const MabRixCatalogueEntry& Entry : MabRixHandlerCatalogue())
+    if (std::find(std::begin(CorpusOrder), std::end(CorpusOrder), std::string_view(Entry._Name)) ==
+        std::end(CorpusOrder))
+      Table.push_back(TableEntry(Entry));
   return Table;
 }
 
@@ -248,36 +188,7 @@ const MabRixHandlerEntry* MabRixFindHandler(const std::string& iName)
   return nullptr;
 }
 
-std::string MabRixDescribeValue(const MabIRixValue_var& iValue)
-{
-  if (!iValue)
-    return "null";
-  const std::string Class = iValue->GetImpl() ? iValue->GetImpl()->IsA() : "no implementation";
-  std::string Text = Class;
-  if (const MabRixStringValue* pString = MabRixValueAs<MabRixStringValue>(iValue))
-    Text += " " + Quote(pString->_Value);
-  else if (const MabRixBooleanValue* pBoolean = MabRixValueAs<MabRixBooleanValue>(iValue))
-    Text += pBoolean->_Value ? " true" : " false";
-  else if (const MabRixStringListValue* pList = MabRixValueAs<MabRixStringListValue>(iValue))
-    for (int i = 0; i < static_cast<int>(pList->_Value.Size()); ++i)
-      Text += " " + Quote(pList->_Value[i]);
-  else if (const MabRixStringMapValue* pMap = MabRixValueAs<MabRixStringMapValue>(iValue))
-    for (auto It = pMap->_Value.begin(); It != pMap->_Value.end(); ++It)
-      Text += " " + Quote(It.GetKey()) + "=" + Quote(*It);
-  else if (const MabRixStringListMapValue* pListMap = MabRixValueAs<MabRixStringListMapValue>(iValue))
-    for (auto It = pListMap->_Value.begin(); It != pListMap->_Value.end(); ++It)
-    {
-      Text += " " + Quote(It.GetKey()) + "=[";
-      for (int i = 0; i < static_cast<int>((*It).Size()); ++i)
-        Text += (i ? "," : "") + Quote((*It)[i]);
-      Text += "]";
-    }
-  else if (const MabRixAttributeValue* pAttribute = MabRixValueAs<MabRixAttributeValue>(iValue))
-    Text += " " + Quote(pAttribute->_Name) + " (" + MabRixDescribeValue(pAttribute->_Value) + ")";
-  else if (const MabRixCustomQueryResultValue* pQuery = MabRixValueAs<MabRixCustomQueryResultValue>(iValue))
-    Text += pQuery->GetObjectContext() ? " " + DescribeContext(*pQuery->GetObjectContext()) : " no context";
-  return Text;
-}
+std::string MabRixDescribeValue(const MabIRixValue_var& iValue) { return Text(RixsaxValueJson(iValue)); }
 
 std::string MabRixReadAndDescribe(const MabRixHandlerEntry& iEntry, const std::string& iXml,
                                   const std::vector<std::uint8_t>& iOptions, std::size_t iChunk,

@@ -1,7 +1,7 @@
-// Every handler of the library, with a way to build it from a few bytes of
-// options (separators, formats, the objects it borrows). The fuzz target,
-// the thread test and the replays of sample responses share it; a new
-// handler is one more entry in MabRixHandlerTable.cpp.
+// Every handler of the library's handler catalogue, with a way to build it
+// from a few bytes of options (separators, formats, the objects it borrows).
+// The fuzz target, the thread test and the replays of sample responses share
+// it; a handler added to the catalogue is in it without more.
 #ifndef MabRixHandlerTable_h
 #define MabRixHandlerTable_h
 
@@ -69,7 +69,7 @@ struct MabRixHandlerEntry
 const std::vector<MabRixHandlerEntry>& MabRixHandlerTable();
 const MabRixHandlerEntry* MabRixFindHandler(const std::string& iName);
 
-// A value as text: its class and its content where the class is known.
+// A value as text: rixsax's JSON of it on one line.
 std::string MabRixDescribeValue(const MabIRixValue_var& iValue);
 
 // Reads iXml with the entry's handler started on the document element,

@@ -1,5 +1,5 @@
-// The handlers rixsax can read with: one table from a name to a description
-// and a factory that builds the handler from the options of the run.
+// The handlers rixsax can read with: the library's handler catalogue, each
+// factory answering the catalogue's options from the options of the run.
 #ifndef RixsaxRegistry_h
 #define RixsaxRegistry_h
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 
 #include "KelClassMacros.h"
@@ -91,4 +92,15 @@ TEST(KelClassRegistration, ErrorClassesAreRegistered)
   EXPECT_STREQ(spError->IsA(), "MabRixError");
   EXPECT_TRUE(spError->IsAKindOf("KelError"));
   EXPECT_STREQ(KelExpatParser::MetaObject()->_Name, "KelExpatParser");
+}
+
+TEST(KelClassRegistration, TheRegistryListsEveryImplementedClass)
+{
+  std::set<std::string> Names;
+  for (const KelMetaObject* pRecord : KelClassRegistration::RegisteredClasses())
+    Names.insert(pRecord->_Name);
+  EXPECT_EQ(Names.count("KelTestShape"), 1u);
+  EXPECT_EQ(Names.count("KelTestSquare"), 1u);
+  EXPECT_EQ(Names.count("MabRixSAXHandlerString"), 1u);
+  EXPECT_EQ(Names.count("KelExpatParser"), 1u);
 }
