@@ -29,6 +29,10 @@ public:
 
 private:
   HRESULT StartCADObject(const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
+  void CopyAttributes(const KelISAXAttributeList_var& iAttributes, MabERixObject& ioObject, MabERixMajorObject& ioMajor,
+                      MabERixMinorObject& ioMinor);
+  void CopyAttribute(const KelUnicodeString& iName, KelUnicodeString& ioValue, MabERixObject& ioObject,
+                     MabERixMajorObject& ioMajor, MabERixMinorObject& ioMinor);
   HRESULT Flush();
 
   unsigned char _bInCADObject = FALSE;  // set, read by nothing

@@ -12,6 +12,8 @@
 #include "MabRixObjectDetailsResponse.h"
 #include "MabRixSAXHandlerBase.h"
 
+class MabRixStringValue;
+
 class ExportedByMabRixCommandModel MabRixSAXHandlerObjectDetailsList : public MabRixSAXHandlerBase
 {
   KelDeclareClass
@@ -30,8 +32,30 @@ public:
   HRESULT Value(const MabIRixValue_var& iValue) override;
 
 private:
+  struct CADEntities;
+
+  // The steps of a cadobject's start, in order.
   HRESULT StartCADObject(const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
+  HRESULT ReadIdentity(const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
+  HRESULT CreateEntities(CADEntities& oEntities, HRESULT iResult);
+  HRESULT SetCurrentRevision(CADEntities& ioEntities, HRESULT iResult);
+  HRESULT ReadMinorDetails(const KelISAXAttributeList_var& iAttributes, MabERixMinorObject* ipMinor,
+                           KelUnicodeString& ioScratch, HRESULT iResult);
+  void ReadLocksAndIdentifiers(const KelISAXAttributeList_var& iAttributes, CADEntities& ioEntities,
+                               KelUnicodeString& ioScratch);
+  void SetDocumentID(const KelISAXAttributeList_var& iAttributes, MabERixMinorObject* ipMinor,
+                     KelUnicodeString& ioScratch);
+  void AddModificationFlags(const KelISAXAttributeList_var& iAttributes, MabERixMinorObject* ipMinor,
+                            KelUnicodeString& ioScratch, HRESULT iResult);
+  // The steps of a revision record's start.
   HRESULT StartRevisionInfo(const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
+  HRESULT MarkRevision(const KelUnicodeString& iNextMinorVersion, bool ibNext, MabERixMajorObject*& oMajor,
+                       HRESULT iResult);
+  void ReadRevisionAccess(const KelISAXAttributeList_var& iAttributes, MabERixMajorObject* ipMajor);
+  // The steps of a text element's value.
+  HRESULT AddElementValue(const MabRixObjectID& iID, const MabRixStringValue* ipText, HRESULT iResult);
+  HRESULT SetObjectType(const MabRixObjectID& iID, const MabRixStringValue* ipText, HRESULT iResult);
+  HRESULT SetMajorState(const MabRixObjectID& iID, const MabRixStringValue* ipText, HRESULT iResult);
   HRESULT StartTextElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
   HRESULT Flush();
   HRESULT FlushRevInfo();

@@ -1,5 +1,7 @@
 #include "MabRixSAXHandlerAttribute.h"
 
+#include <new>
+
 #include "KelCheck.h"
 #include "MabRixAttributeValue.h"
 #include "MabRixValueFormat.h"
@@ -101,7 +103,7 @@ void MabRixSAXHandlerAttribute::EndName()
     // A second name replaces the attribute value begun by the first.
     if (_pAttributeValue)
       _pAttributeValue->Release();
-    _pAttributeValue = new MabRixAttributeValue();
+    _pAttributeValue = new (std::nothrow) MabRixAttributeValue();
   }
   if (_pAttributeValue)
     _pAttributeValue->_Name = _Characters;

@@ -1,5 +1,7 @@
 #include "MabRixSAXHandlerBoolean.h"
 
+#include <new>
+
 #include "KelCheck.h"
 #include "MabRixBooleanValue.h"
 
@@ -22,10 +24,10 @@ HRESULT MabRixSAXHandlerBoolean::EndElement(const KelUnicodeString& iName)
 {
   if (!StopIfNecessary(iName) && !KelCheckText(false, "ExpressionCheck:this->StopIfNecessary(iName)"))
     return E_FAIL;
-  // The creation reference is kept on purpose: a Boolean value outlives
-  // every holder. Callers depend on that lifetime.
-  MabRixBooleanValue* pValue = new MabRixBooleanValue();
-  pValue->_Value = (_Characters.Compare("yes") || _Characters.Compare("true")) ? 1 : 0;
+  // The creation reference is kept on purpose: a Boolean value outlives every holder. Null: no value to hand up.
+  MabRixBooleanValue* pValue = new (std::nothrow) MabRixBooleanValue();
+  if (pValue)
+    pValue->_Value = (_Characters.Compare("yes") || _Characters.Compare("true")) ? 1 : 0;
   const MabIRixValue_var spValue(pValue);
   if (!KelCheck(!!_spParentHandler))
     return E_FAIL;

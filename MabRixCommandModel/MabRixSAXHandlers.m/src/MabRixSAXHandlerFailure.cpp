@@ -1,12 +1,14 @@
 #include "MabRixSAXHandlerFailure.h"
 
+#include <new>
+
 #include "KelCheck.h"
 #include "MabRixFailureResponse.h"
 
 MabRixImplementHandler(MabRixSAXHandlerFailure, MabRixSAXHandlerBase)
 
 MabRixSAXHandlerFailure::MabRixSAXHandlerFailure(MabRixSAXHandlerBase& iParent)
-    : MabRixSAXHandlerBase(iParent), _pFailureResponse(new MabRixFailureResponse())
+    : MabRixSAXHandlerBase(iParent), _pFailureResponse(new (std::nothrow) MabRixFailureResponse())
 {
 }
 
@@ -24,6 +26,8 @@ HRESULT MabRixSAXHandlerFailure::StartHandlingEvents(const KelUnicodeString& iNa
 {
   if (!KelCheck(!!iAttributes))
     return E_FAIL;
+  if (!_pFailureResponse)
+    return E_OUTOFMEMORY;  // its allocation failed: nowhere to read the failure into
   (void)KelCheck(SUCCEEDED(iAttributes->GetValue("cname", _pFailureResponse->_CommandName)));
   (void)KelCheck(SUCCEEDED(iAttributes->GetValue("errorcode", _pFailureResponse->_ErrorCode)));
   KelUnicodeString Success;

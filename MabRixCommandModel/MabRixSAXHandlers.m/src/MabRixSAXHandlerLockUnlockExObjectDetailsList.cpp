@@ -1,7 +1,10 @@
 #include "MabRixSAXHandlerLockUnlockExObjectDetailsList.h"
 
+#include <new>
+
 #include "KelCheck.h"
 #include "KelError.h"
+#include "MabRixHandlerSteps.h"
 #include "MabRixSAXHandlerString.h"
 #include "MabRixStringValue.h"
 
@@ -36,12 +39,7 @@ HRESULT MabRixSAXHandlerLockUnlockExObjectDetailsList::Flush()
 HRESULT MabRixSAXHandlerLockUnlockExObjectDetailsList::StartElement(const KelUnicodeString& iName,
                                                                     const KelISAXAttributeList_var& iAttributes)
 {
-  HRESULT Result = RixSuccessInit();
-  Result = MabRixSAXHandlerBase::StartElement(iName, iAttributes);
-  if (FAILED(Result))
-    Result = MabRixRaiseUnexpected(Result);
-  if (FAILED(Result) || !_pObjectContext)
-    Result = MabRixRaiseUnexpected(Result);
+  const HRESULT Result = MabRixStartInContext(_pObjectContext, iName, iAttributes);
 
   _CurrentElement = iName;
   if (iName == "cadobject")
@@ -49,7 +47,7 @@ HRESULT MabRixSAXHandlerLockUnlockExObjectDetailsList::StartElement(const KelUni
   if (iName != "reason")
     return Result;
 
-  _spChildHandler = MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerString(*this));
+  _spChildHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerString(*this));
   if (!_spChildHandler)
     return Result;
   const HRESULT hr = _spChildHandler->StartHandlingEvents(iName, iAttributes);
@@ -69,17 +67,9 @@ HRESULT MabRixSAXHandlerLockUnlockExObjectDetailsList::StartCADObject(const KelI
 
   // Type and name are required and must not be empty.
   if (SUCCEEDED(Result))
-  {
-    Result = iAttributes->GetValue("type", _Type);
-    if (FAILED(Result) || _Type.IsEmpty())
-      Result = MabRixRaiseUnexpected(Result);
-  }
+    Result = MabRixRequireText(Result, iAttributes, "type", _Type);
   if (SUCCEEDED(Result))
-  {
-    Result = iAttributes->GetValue("name", _Name);
-    if (FAILED(Result) || _Name.IsEmpty())
-      Result = MabRixRaiseUnexpected(Result);
-  }
+    Result = MabRixRequireText(Result, iAttributes, "name", _Name);
 
   MabERixObject* pObject = nullptr;
   MabERixMajorObject* pMajor = nullptr;
@@ -100,6 +90,21 @@ HRESULT MabRixSAXHandlerLockUnlockExObjectDetailsList::StartCADObject(const KelI
     return E_FAIL;
   }
 
+  CopyAttributes(iAttributes, *pObject, *pMajor, *pMinor);
+  pMajor->_SetLockUnlockSuccess(_bLockUnlockSuccess);
+
+  pObject->Release();
+  pMajor->Release();
+  pMinor->Release();
+  return Result;
+}
+
+// Every attribute the three objects take, in document order; the document
+// ID, unless the minor object has one, from the directory and file names.
+void MabRixSAXHandlerLockUnlockExObjectDetailsList::CopyAttributes(const KelISAXAttributeList_var& iAttributes,
+                                                                   MabERixObject& ioObject, MabERixMajorObject& ioMajor,
+                                                                   MabERixMinorObject& ioMinor)
+{
   KelUnicodeString DirName;
   KelUnicodeString FileName;
   unsigned int Count = 0;
@@ -110,52 +115,56 @@ HRESULT MabRixSAXHandlerLockUnlockExObjectDetailsList::StartCADObject(const KelI
     KelUnicodeString Value;
     iAttributes->GetName(i, Name);
     iAttributes->GetValue(i, Value);
-    if (Name == "action")
-      pMinor->_SetAction(Value);
-    else if (Name == "bustype" || Name == "zqtype")
-      pObject->_SetType(Value);
-    else if (Name == "busrevision")
-      pMajor->_SetMajorRevision(Value);
-    else if (Name == "busid")
-      pMajor->_SetMajorOID(Value);
-    else if (Name == "dirname")
+    if (Name == "dirname")
       DirName = Value;
     else if (Name == "filename")
       FileName = Value;
-    else if (Name == "lockedby")
-      pMajor->_SetLockOwner(Value);
-    else if (Name == "islocked")
-    {
-      Value.ToLower();
-      pMajor->_SetLockStatus(Value == "true" ? TRUE : FALSE);
-    }
-    else if (Name == "zqversion" && !Value.IsEmpty())
-    {
-      // Revision, then the minor version behind the first ".".
-      const int Dot = Value.SearchSubString(".", 0, SearchForward);
-      if (Dot >= 0)
-      {
-        pMinor->_SetMinorVersion(Value.SubString(Dot + 1, Value.GetLengthInChar() - Dot - 1));
-        pMajor->_SetMajorRevision(Value.SubString(0, Dot));
-      }
-      else
-        pMajor->_SetMajorRevision(Value);
-    }
+    else
+      CopyAttribute(Name, Value, ioObject, ioMajor, ioMinor);
   }
 
   MabRixDocumentID DocumentID;
-  if (FAILED(pMinor->GetDocumentID(DocumentID)))
+  if (FAILED(ioMinor.GetDocumentID(DocumentID)))
   {
     const MabRixPath Path = MabRixPath(DirName) / FileName;
     if (Path.IsValid())
-      pMinor->_SetMinorDocumentID(MabRixDocumentID::Create(_Type, _Name, Path));
+      ioMinor._SetMinorDocumentID(MabRixDocumentID::Create(_Type, _Name, Path));
   }
-  pMajor->_SetLockUnlockSuccess(_bLockUnlockSuccess);
+}
 
-  pObject->Release();
-  pMajor->Release();
-  pMinor->Release();
-  return Result;
+// One attribute onto the object it belongs to; others are not read.
+void MabRixSAXHandlerLockUnlockExObjectDetailsList::CopyAttribute(const KelUnicodeString& iName,
+                                                                  KelUnicodeString& ioValue, MabERixObject& ioObject,
+                                                                  MabERixMajorObject& ioMajor,
+                                                                  MabERixMinorObject& ioMinor)
+{
+  if (iName == "action")
+    ioMinor._SetAction(ioValue);
+  else if (iName == "bustype" || iName == "zqtype")
+    ioObject._SetType(ioValue);
+  else if (iName == "busrevision")
+    ioMajor._SetMajorRevision(ioValue);
+  else if (iName == "busid")
+    ioMajor._SetMajorOID(ioValue);
+  else if (iName == "lockedby")
+    ioMajor._SetLockOwner(ioValue);
+  else if (iName == "islocked")
+  {
+    ioValue.ToLower();
+    ioMajor._SetLockStatus(ioValue == "true" ? TRUE : FALSE);
+  }
+  else if (iName == "zqversion" && !ioValue.IsEmpty())
+  {
+    // Revision, then the minor version behind the first ".".
+    const int Dot = ioValue.SearchSubString(".", 0, SearchForward);
+    if (Dot >= 0)
+    {
+      ioMinor._SetMinorVersion(ioValue.SubString(Dot + 1, ioValue.GetLengthInChar() - Dot - 1));
+      ioMajor._SetMajorRevision(ioValue.SubString(0, Dot));
+    }
+    else
+      ioMajor._SetMajorRevision(ioValue);
+  }
 }
 
 // The text of a reason element: the lock/unlock error of the last

@@ -1,8 +1,11 @@
 #include "MabRixSAXHandlerObjectDetailsList.h"
 
+#include <new>
+
 #include "KelCheck.h"
 #include "KelError.h"
 #include "MabRixDocumentIDList.h"
+#include "MabRixHandlerSteps.h"
 #include "MabRixSAXHandlerString.h"
 #include "MabRixStringUtils.h"
 #include "MabRixStringValue.h"
@@ -66,12 +69,7 @@ HRESULT MabRixSAXHandlerObjectDetailsList::FlushRevInfo()
 HRESULT MabRixSAXHandlerObjectDetailsList::StartElement(const KelUnicodeString& iName,
                                                         const KelISAXAttributeList_var& iAttributes)
 {
-  HRESULT Result = RixSuccessInit();
-  Result = MabRixSAXHandlerBase::StartElement(iName, iAttributes);
-  if (FAILED(Result))
-    Result = MabRixRaiseUnexpected(Result);
-  if (FAILED(Result) || !_pObjectContext)
-    Result = MabRixRaiseUnexpected(Result);
+  const HRESULT Result = MabRixStartInContext(_pObjectContext, iName, iAttributes);
 
   _CurrentElement = iName;
   if (iName == "cadobject")
@@ -83,158 +81,199 @@ HRESULT MabRixSAXHandlerObjectDetailsList::StartElement(const KelUnicodeString& 
   return StartTextElement(iName, iAttributes, Result);
 }
 
+// The object, major object and minor object of one cadobject, each with the
+// reference its creation gave, released when the cadobject's start is done.
+struct MabRixSAXHandlerObjectDetailsList::CADEntities
+{
+  MabERixObject* _pObject = nullptr;
+  MabERixMajorObject* _pMajor = nullptr;
+  MabERixMinorObject* _pMinor = nullptr;
+
+  CADEntities() = default;
+  CADEntities(const CADEntities&) = delete;
+  CADEntities& operator=(const CADEntities&) = delete;
+  ~CADEntities()
+  {
+    if (_pObject)
+      _pObject->Release();
+    if (_pMajor)
+      _pMajor->Release();
+    if (_pMinor)
+      _pMinor->Release();
+  }
+};
+
 // Creates and fills the object, major object and minor object of one
 // cadobject. Required attributes are read while all went well and raise when
 // missing; optional ones are read whatever the result, through one scratch
-// string that a missing attribute leaves as it was.
+// string that a missing attribute leaves as it was (the modification flags
+// take what it holds at their turn).
 HRESULT MabRixSAXHandlerObjectDetailsList::StartCADObject(const KelISAXAttributeList_var& iAttributes, HRESULT iResult)
 {
   HRESULT Result = iResult;
   _bInCADObject = TRUE;
   if (FAILED(Result) || !iAttributes)
     Result = MabRixRaiseUnexpected(Result);
+  Result = ReadIdentity(iAttributes, Result);
 
-  if (SUCCEEDED(Result) && !!iAttributes)
-    Result = iAttributes->GetValue("type", _Type);
-  if (FAILED(Result))
-    Result = MabRixRaiseUnexpected(Result);
-  if (SUCCEEDED(Result) && !!iAttributes)
-    Result = iAttributes->GetValue("name", _Name);
-  if (FAILED(Result))
-    Result = MabRixRaiseUnexpected(Result);
-  if (SUCCEEDED(Result) && !!iAttributes)
-    Result = iAttributes->GetValue("zqrevision", _Revision);
-  if (FAILED(Result))
-    Result = MabRixRaiseUnexpected(Result);
+  CADEntities Entities;
+  Result = CreateEntities(Entities, Result);
+  Result = SetCurrentRevision(Entities, Result);
 
-  // "--": no revision given; the bus revision up to its first "." is it.
-  if (_Revision == "--")
-  {
-    KelUnicodeString BusRevision;
-    if (SUCCEEDED(Result))
-      Result = ReadAttribute(iAttributes, "busrevision", BusRevision);
-    if (FAILED(Result))
-      Result = MabRixRaiseUnexpected(Result);
-    const int Dot = BusRevision.SearchSubString(".", 0, SearchForward);
-    if (Dot < 0 || FAILED(Result))
-      Result = MabRixRaiseUnexpected(Result);
-    if (SUCCEEDED(Result))
-      _Revision = BusRevision.SubString(0, Dot);
-  }
+  KelUnicodeString Scratch = "";
+  Result = ReadMinorDetails(iAttributes, Entities._pMinor, Scratch, Result);
+  ReadLocksAndIdentifiers(iAttributes, Entities, Scratch);
+  SetDocumentID(iAttributes, Entities._pMinor, Scratch);
+  if (_pObjDetailsResponse && Entities._pMinor)
+    Entities._pMinor->_SetCanResolveUUIDConflict(_pObjDetailsResponse->CanResolveUUIDConflict());
+  AddModificationFlags(iAttributes, Entities._pMinor, Scratch, Result);
+  return Result;
+}
 
-  MabERixObject* pObject = nullptr;
-  MabERixMajorObject* pMajor = nullptr;
-  MabERixMinorObject* pMinor = nullptr;
+// Type, name and revision, all required. "--": no revision given; the bus
+// revision up to its first "." is it.
+HRESULT MabRixSAXHandlerObjectDetailsList::ReadIdentity(const KelISAXAttributeList_var& iAttributes, HRESULT iResult)
+{
+  HRESULT Result = MabRixRequireAttribute(iResult, iAttributes, "type", _Type);
+  Result = MabRixRequireAttribute(Result, iAttributes, "name", _Name);
+  Result = MabRixRequireAttribute(Result, iAttributes, "zqrevision", _Revision);
+  if (_Revision != "--")
+    return Result;
+  KelUnicodeString BusRevision;
+  Result = MabRixRequireAttribute(Result, iAttributes, "busrevision", BusRevision);
+  const int Dot = BusRevision.SearchSubString(".", 0, SearchForward);
+  if (Dot < 0 || FAILED(Result))
+    Result = MabRixRaiseUnexpected(Result);
+  if (SUCCEEDED(Result))
+    _Revision = BusRevision.SubString(0, Dot);
+  return Result;
+}
+
+// Gets or makes the three entities; each one missing raises.
+HRESULT MabRixSAXHandlerObjectDetailsList::CreateEntities(CADEntities& oEntities, HRESULT iResult)
+{
+  HRESULT Result = iResult;
   if (SUCCEEDED(Result) && _pObjectContext)
-    pObject = _pObjectContext->CreateObject(_Type, _Name);
-  if (FAILED(Result) || !pObject)
+    oEntities._pObject = _pObjectContext->CreateObject(_Type, _Name);
+  if (FAILED(Result) || !oEntities._pObject)
     Result = MabRixRaiseUnexpected(Result);
   if (SUCCEEDED(Result) && _pObjectContext)
-    pMajor = _pObjectContext->CreateMajorObject(_Type, _Name);
-  if (FAILED(Result) || !pMajor)
+    oEntities._pMajor = _pObjectContext->CreateMajorObject(_Type, _Name);
+  if (FAILED(Result) || !oEntities._pMajor)
     Result = MabRixRaiseUnexpected(Result);
   if (SUCCEEDED(Result) && _pObjectContext)
-    pMinor = _pObjectContext->CreateMinorObject(_Type, _Name);
-  if (FAILED(Result) || !pMinor)
+    oEntities._pMinor = _pObjectContext->CreateMinorObject(_Type, _Name);
+  if (FAILED(Result) || !oEntities._pMinor)
     Result = MabRixRaiseUnexpected(Result);
+  return Result;
+}
 
+// The revision read is the current one of the object and its major object.
+HRESULT MabRixSAXHandlerObjectDetailsList::SetCurrentRevision(CADEntities& ioEntities, HRESULT iResult)
+{
+  HRESULT Result = iResult;
   if (SUCCEEDED(Result) && _pObjectContext && !_Revision.IsEmpty())
   {
     Result = _pObjectContext->SetMajorRevision(_Type, _Name, _Revision);
     if (FAILED(Result))
       Result = MabRixRaiseUnexpected(Result);
   }
-  if (SUCCEEDED(Result) && !_Revision.IsEmpty() && pObject && pMajor)
+  if (SUCCEEDED(Result) && !_Revision.IsEmpty() && ioEntities._pObject && ioEntities._pMajor)
   {
-    pObject->_SetCurrentMajorRevision(_Revision);
-    pMajor->_SetCurrentMajorRevision(TRUE);
+    ioEntities._pObject->_SetCurrentMajorRevision(_Revision);
+    ioEntities._pMajor->_SetCurrentMajorRevision(TRUE);
   }
+  return Result;
+}
 
-  KelUnicodeString Scratch = "";
+// Bus type, version and status: required while all went well.
+HRESULT MabRixSAXHandlerObjectDetailsList::ReadMinorDetails(const KelISAXAttributeList_var& iAttributes,
+                                                            MabERixMinorObject* ipMinor, KelUnicodeString& ioScratch,
+                                                            HRESULT iResult)
+{
+  HRESULT Result = iResult;
   if (SUCCEEDED(Result))
   {
-    Result = ReadAttribute(iAttributes, "bustype", Scratch);
-    if (FAILED(Result))
-      Result = MabRixRaiseUnexpected(Result);
-    else if (pMinor)
-      pMinor->_SetMinorType(Scratch);
+    Result = MabRixRequireAttribute(Result, iAttributes, "bustype", ioScratch);
+    if (SUCCEEDED(Result) && ipMinor)
+      ipMinor->_SetMinorType(ioScratch);
   }
   if (SUCCEEDED(Result))
   {
-    Result = ReadAttribute(iAttributes, "zqversion", Scratch);
-    if (FAILED(Result))
-      Result = MabRixRaiseUnexpected(Result);
-    else if (!Scratch.IsEmpty() && pMinor)
+    Result = MabRixRequireAttribute(Result, iAttributes, "zqversion", ioScratch);
+    if (SUCCEEDED(Result) && !ioScratch.IsEmpty() && ipMinor)
     {
-      const int Dot = Scratch.SearchSubString(".", 0, SearchForward);
+      const int Dot = ioScratch.SearchSubString(".", 0, SearchForward);
       if (Dot >= 0)
-        pMinor->_SetMinorVersion(Scratch.SubString(Dot + 1, Scratch.GetLengthInChar() - Dot - 1));
+        ipMinor->_SetMinorVersion(ioScratch.SubString(Dot + 1, ioScratch.GetLengthInChar() - Dot - 1));
     }
   }
   if (SUCCEEDED(Result))
   {
-    Result = ReadAttribute(iAttributes, "status", Scratch);
-    if (FAILED(Result))
-      Result = MabRixRaiseUnexpected(Result);
-    else if (pMinor)
-      pMinor->_SetStatus(Scratch);
+    Result = MabRixRequireAttribute(Result, iAttributes, "status", ioScratch);
+    if (SUCCEEDED(Result) && ipMinor)
+      ipMinor->_SetStatus(ioScratch);
   }
+  return Result;
+}
 
-  // From here on, whatever the result.
-  if (SUCCEEDED(ReadAttribute(iAttributes, "lockedby", Scratch)) && pMajor)
-    pMajor->_SetLockOwner(Scratch);
-  if (SUCCEEDED(ReadAttribute(iAttributes, "islocked", Scratch)) && pMajor)
-    pMajor->_SetLockStatus(IsTrueText(Scratch, "true") ? TRUE : FALSE);
-  if (SUCCEEDED(ReadAttribute(iAttributes, "connectedfolder", Scratch)) && pMajor)
-    pMajor->_SetConnectedFolder(MabRixStringUtils::GetList(Scratch, "|"));
-  if (SUCCEEDED(ReadAttribute(iAttributes, "oid", Scratch)) && pMinor)
-    pMinor->_SetMinorOID(Scratch);
-  if (SUCCEEDED(ReadAttribute(iAttributes, "uuid", Scratch)) && pMinor)
-    pMinor->_SetMinorUUID(Scratch);
-  if (SUCCEEDED(ReadAttribute(iAttributes, "uuidconflict", Scratch)) && pMinor)
-    pMinor->_SetUUIDConflict(IsTrueText(Scratch, "true") ? TRUE : FALSE);
+// Optional, whatever the result: lock, folder and the minor's identifiers.
+void MabRixSAXHandlerObjectDetailsList::ReadLocksAndIdentifiers(const KelISAXAttributeList_var& iAttributes,
+                                                                CADEntities& ioEntities, KelUnicodeString& ioScratch)
+{
+  MabERixMajorObject* pMajor = ioEntities._pMajor;
+  MabERixMinorObject* pMinor = ioEntities._pMinor;
+  if (SUCCEEDED(ReadAttribute(iAttributes, "lockedby", ioScratch)) && pMajor)
+    pMajor->_SetLockOwner(ioScratch);
+  if (SUCCEEDED(ReadAttribute(iAttributes, "islocked", ioScratch)) && pMajor)
+    pMajor->_SetLockStatus(IsTrueText(ioScratch, "true") ? TRUE : FALSE);
+  if (SUCCEEDED(ReadAttribute(iAttributes, "connectedfolder", ioScratch)) && pMajor)
+    pMajor->_SetConnectedFolder(MabRixStringUtils::GetList(ioScratch, "|"));
+  if (SUCCEEDED(ReadAttribute(iAttributes, "oid", ioScratch)) && pMinor)
+    pMinor->_SetMinorOID(ioScratch);
+  if (SUCCEEDED(ReadAttribute(iAttributes, "uuid", ioScratch)) && pMinor)
+    pMinor->_SetMinorUUID(ioScratch);
+  if (SUCCEEDED(ReadAttribute(iAttributes, "uuidconflict", ioScratch)) && pMinor)
+    pMinor->_SetUUIDConflict(IsTrueText(ioScratch, "true") ? TRUE : FALSE);
+}
 
-  // The document ID, unless the minor object has one: the full file name,
-  // else the directory joined with the file name, else the file name.
+// The document ID, unless the minor object has one: the full file name,
+// else the directory joined with the file name, else the file name.
+void MabRixSAXHandlerObjectDetailsList::SetDocumentID(const KelISAXAttributeList_var& iAttributes,
+                                                      MabERixMinorObject* ipMinor, KelUnicodeString& ioScratch)
+{
   MabRixDocumentIDList DocumentIDs;
-  if (pMinor && FAILED(pMinor->GetDocumentIDList(DocumentIDs)))
+  if (!ipMinor || SUCCEEDED(ipMinor->GetDocumentIDList(DocumentIDs)))
+    return;
+  MabRixPath Path;
+  if (SUCCEEDED(ReadAttribute(iAttributes, "filenamewithpath", ioScratch)))
+    Path = ioScratch;
+  if (SUCCEEDED(ReadAttribute(iAttributes, "dirname", ioScratch)) && !Path.IsValid())
   {
-    MabRixPath Path;
-    if (SUCCEEDED(ReadAttribute(iAttributes, "filenamewithpath", Scratch)))
-      Path = Scratch;
-    if (SUCCEEDED(ReadAttribute(iAttributes, "dirname", Scratch)) && !Path.IsValid())
-    {
-      const MabRixPath Directory(Scratch);
-      if (SUCCEEDED(ReadAttribute(iAttributes, "filename", Scratch)))
-        Path = Directory / MabRixPath(Scratch);
-    }
-    if (SUCCEEDED(ReadAttribute(iAttributes, "filename", Scratch)) && !Path.IsValid())
-      Path = Scratch;
-    if (!_Name.IsEmpty() && !_Type.IsEmpty())
-      pMinor->_SetMinorDocumentID(MabRixDocumentID::Create(_Type, _Name, Path));
+    const MabRixPath Directory(ioScratch);
+    if (SUCCEEDED(ReadAttribute(iAttributes, "filename", ioScratch)))
+      Path = Directory / MabRixPath(ioScratch);
   }
+  if (SUCCEEDED(ReadAttribute(iAttributes, "filename", ioScratch)) && !Path.IsValid())
+    Path = ioScratch;
+  if (!_Name.IsEmpty() && !_Type.IsEmpty())
+    ipMinor->_SetMinorDocumentID(MabRixDocumentID::Create(_Type, _Name, Path));
+}
 
-  if (_pObjDetailsResponse && pMinor)
-    pMinor->_SetCanResolveUUIDConflict(_pObjDetailsResponse->CanResolveUUIDConflict());
-
-  // Each modification flag goes in once, from the scratch as it stands.
+// Each modification flag goes in once, from the scratch as it stands.
+void MabRixSAXHandlerObjectDetailsList::AddModificationFlags(const KelISAXAttributeList_var& iAttributes,
+                                                             MabERixMinorObject* ipMinor, KelUnicodeString& ioScratch,
+                                                             HRESULT iResult)
+{
   const char* ModificationKeys[] = {"modified", "ismodifiedobsolete"};
   for (const char* Key : ModificationKeys)
   {
-    if (SUCCEEDED(Result) && !!iAttributes)
-      (void)iAttributes->GetValue(KelUnicodeString(Key), Scratch);
-    if (!Scratch.IsEmpty() && pMinor && !pMinor->_ExtraAttributes.HasKey(Key))
-      pMinor->_ExtraAttributes.Insert(Key, Scratch);
-    Scratch = "";
+    if (SUCCEEDED(iResult) && !!iAttributes)
+      (void)iAttributes->GetValue(KelUnicodeString(Key), ioScratch);
+    if (!ioScratch.IsEmpty() && ipMinor && !ipMinor->_ExtraAttributes.HasKey(Key))
+      ipMinor->_ExtraAttributes.Insert(Key, ioScratch);
+    ioScratch = "";
   }
-
-  if (pObject)
-    pObject->Release();
-  if (pMajor)
-    pMajor->Release();
-  if (pMinor)
-    pMinor->Release();
-  return Result;
 }
 
 // One revision's record: its major object is got or made and marked; the
@@ -246,17 +285,11 @@ HRESULT MabRixSAXHandlerObjectDetailsList::StartRevisionInfo(const KelISAXAttrib
   _bInRevisionInfo = TRUE;
   if (FAILED(Result) || !iAttributes)
     Result = MabRixRaiseUnexpected(Result);
+  Result = MabRixRequireAttribute(Result, iAttributes, "revision", _RevInfoRevision);
 
-  if (SUCCEEDED(Result))
-    Result = ReadAttribute(iAttributes, "revision", _RevInfoRevision);
-  if (FAILED(Result))
-    Result = MabRixRaiseUnexpected(Result);
-
+  // "Next": the revision is the next version's, up to its first ".".
   KelUnicodeString NextVersion;
-  if (SUCCEEDED(Result))
-    Result = ReadAttribute(iAttributes, "nextversion", NextVersion);
-  if (FAILED(Result))
-    Result = MabRixRaiseUnexpected(Result);
+  Result = MabRixRequireAttribute(Result, iAttributes, "nextversion", NextVersion);
   KelUnicodeString NextRevision;
   KelUnicodeString NextMinorVersion;
   const int Dot = NextVersion.SearchSubString(".", 0, SearchForward);
@@ -265,13 +298,23 @@ HRESULT MabRixSAXHandlerObjectDetailsList::StartRevisionInfo(const KelISAXAttrib
     NextRevision = NextVersion.SubString(0, Dot);
     NextMinorVersion = NextVersion.SubString(Dot + 1, NextVersion.GetLengthInChar() - Dot - 1);
   }
-
   const bool bNext = _RevInfoRevision == "Next";
   if (bNext)
     _RevInfoRevision = NextRevision;
 
-  MabERixObject* pObject = nullptr;
   MabERixMajorObject* pMajor = nullptr;
+  Result = MarkRevision(NextMinorVersion, bNext, pMajor, Result);
+  ReadRevisionAccess(iAttributes, pMajor);
+  return Result;
+}
+
+// Gets or makes the object and the revision's major object (each missing one
+// raises) and marks them; oMajor is the major object, kept by the handler.
+HRESULT MabRixSAXHandlerObjectDetailsList::MarkRevision(const KelUnicodeString& iNextMinorVersion, bool ibNext,
+                                                        MabERixMajorObject*& oMajor, HRESULT iResult)
+{
+  HRESULT Result = iResult;
+  MabERixObject* pObject = nullptr;
   if (SUCCEEDED(Result) && _pObjectContext)
   {
     pObject = _pObjectContext->CreateObject(_Type, _Name);
@@ -280,49 +323,53 @@ HRESULT MabRixSAXHandlerObjectDetailsList::StartRevisionInfo(const KelISAXAttrib
   }
   if (SUCCEEDED(Result) && _pObjectContext)
   {
-    pMajor = _pObjectContext->CreateMajorObject(_Type, _Name, _RevInfoRevision);
-    if (!pMajor)
+    oMajor = _pObjectContext->CreateMajorObject(_Type, _Name, _RevInfoRevision);
+    if (!oMajor)
       Result = MabRixRaiseUnexpected(Result);
   }
   // These references are not given back by this step.
-  for (KelBaseUnknown* pKept : {static_cast<KelBaseUnknown*>(pObject), static_cast<KelBaseUnknown*>(pMajor)})
+  for (KelBaseUnknown* pKept : {static_cast<KelBaseUnknown*>(pObject), static_cast<KelBaseUnknown*>(oMajor)})
     if (pKept)
       _KeptReferences.push_back(KelBaseUnknown_var::Adopt(pKept));
 
-  if (SUCCEEDED(Result) && pObject && pMajor)
+  if (SUCCEEDED(Result) && pObject && oMajor)
   {
-    pMajor->_SetNextMinorVersion(NextMinorVersion);
-    pMajor->_SetMajorRevision(_RevInfoRevision);
-    pMajor->_SetNextMajorRevision(bNext ? TRUE : FALSE);
-    if (bNext)
+    oMajor->_SetNextMinorVersion(iNextMinorVersion);
+    oMajor->_SetMajorRevision(_RevInfoRevision);
+    oMajor->_SetNextMajorRevision(ibNext ? TRUE : FALSE);
+    if (ibNext)
       pObject->_SetNextMajorRevision(_RevInfoRevision);
   }
-
-  KelUnicodeString CurrentRevision;
-  if (pMajor)
-    pMajor->GetCurrentMajorRevision(CurrentRevision);
-
-  // Whatever the result: the lock of another revision than the current one.
-  KelUnicodeString LockedBy;
-  if (SUCCEEDED(ReadAttribute(iAttributes, "lockedby", LockedBy)) && pMajor && _RevInfoRevision != CurrentRevision)
-    pMajor->_SetLockOwner(LockedBy);
-  KelUnicodeString LockStatus;
-  if (SUCCEEDED(ReadAttribute(iAttributes, "lockstatus", LockStatus)) && pMajor && _RevInfoRevision != CurrentRevision)
-    pMajor->_SetLockStatus(IsTrueText(LockStatus, "locked") ? TRUE : FALSE);
-  KelUnicodeString Access;
-  if (SUCCEEDED(ReadAttribute(iAttributes, "overwriteaccess", Access)) && pMajor)
-    pMajor->_SetOverwriteAccess(IsTrueText(Access, "true") ? TRUE : FALSE);
-  KelUnicodeString VersionAccess;
-  if (SUCCEEDED(ReadAttribute(iAttributes, "versionaccess", VersionAccess)) && pMajor)
-    pMajor->_SetCreateVersionAccess(IsTrueText(VersionAccess, "true") ? TRUE : FALSE);
   return Result;
+}
+
+// Whatever the result: the lock of another revision than the current one,
+// and the access rights.
+void MabRixSAXHandlerObjectDetailsList::ReadRevisionAccess(const KelISAXAttributeList_var& iAttributes,
+                                                           MabERixMajorObject* ipMajor)
+{
+  KelUnicodeString CurrentRevision;
+  if (ipMajor)
+    ipMajor->GetCurrentMajorRevision(CurrentRevision);
+  KelUnicodeString LockedBy;
+  if (SUCCEEDED(ReadAttribute(iAttributes, "lockedby", LockedBy)) && ipMajor && _RevInfoRevision != CurrentRevision)
+    ipMajor->_SetLockOwner(LockedBy);
+  KelUnicodeString LockStatus;
+  if (SUCCEEDED(ReadAttribute(iAttributes, "lockstatus", LockStatus)) && ipMajor && _RevInfoRevision != CurrentRevision)
+    ipMajor->_SetLockStatus(IsTrueText(LockStatus, "locked") ? TRUE : FALSE);
+  KelUnicodeString Access;
+  if (SUCCEEDED(ReadAttribute(iAttributes, "overwriteaccess", Access)) && ipMajor)
+    ipMajor->_SetOverwriteAccess(IsTrueText(Access, "true") ? TRUE : FALSE);
+  KelUnicodeString VersionAccess;
+  if (SUCCEEDED(ReadAttribute(iAttributes, "versionaccess", VersionAccess)) && ipMajor)
+    ipMajor->_SetCreateVersionAccess(IsTrueText(VersionAccess, "true") ? TRUE : FALSE);
 }
 
 HRESULT MabRixSAXHandlerObjectDetailsList::StartTextElement(const KelUnicodeString& iName,
                                                             const KelISAXAttributeList_var& iAttributes,
                                                             HRESULT iResult)
 {
-  _spChildHandler = MabIRixSAXHandler_var::Adopt(new MabRixSAXHandlerString(*this));
+  _spChildHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerString(*this));
   if (!_spChildHandler)
     return iResult;
   const HRESULT hr = _spChildHandler->StartHandlingEvents(iName, iAttributes);
@@ -355,47 +402,67 @@ HRESULT MabRixSAXHandlerObjectDetailsList::Value(const MabIRixValue_var& iValue)
   }
 
   const MabRixObjectID ID(_Type, _Name);
+  Result = AddElementValue(ID, pText, Result);
+  if (_CurrentElement == "Type")
+    return SetObjectType(ID, pText, Result);
+  if (_CurrentElement == "State" || _CurrentElement == "Lock" || _CurrentElement == "LockedBy")
+    return SetMajorState(ID, pText, Result);
+  return Result;
+}
+
+// Every text element's value goes to the minor object's element values.
+HRESULT MabRixSAXHandlerObjectDetailsList::AddElementValue(const MabRixObjectID& iID, const MabRixStringValue* ipText,
+                                                           HRESULT iResult)
+{
+  HRESULT Result = iResult;
   MabERixMinorObject* pMinor = nullptr;
   if (SUCCEEDED(Result) && _pObjectContext)
   {
-    pMinor = KelImplCast<MabERixMinorObject>(_pObjectContext->GetMinorObject(ID).Get());
+    pMinor = KelImplCast<MabERixMinorObject>(_pObjectContext->GetMinorObject(iID).Get());
     if (!pMinor)
       Result = MabRixRaiseUnexpected(Result);
   }
   if (FAILED(Result) || !pMinor)
     Result = MabRixRaiseUnexpected(Result);
-  if (SUCCEEDED(Result) && pMinor && pText)
-    pMinor->_ElementValues.Insert(_CurrentElement, pText->_Value);
+  if (SUCCEEDED(Result) && pMinor && ipText)
+    pMinor->_ElementValues.Insert(_CurrentElement, ipText->_Value);
+  return Result;
+}
 
-  if (_CurrentElement == "Type")
-  {
-    MabERixObject* pObject = nullptr;
-    if (SUCCEEDED(Result) && _pObjectContext)
-      pObject = KelImplCast<MabERixObject>(_pObjectContext->GetObject(ID).Get());
-    if (FAILED(Result) || !pObject)
-      Result = MabRixRaiseUnexpected(Result);
-    if (SUCCEEDED(Result) && pObject && pText)
-      pObject->_SetType(pText->_Value);
+HRESULT MabRixSAXHandlerObjectDetailsList::SetObjectType(const MabRixObjectID& iID, const MabRixStringValue* ipText,
+                                                         HRESULT iResult)
+{
+  HRESULT Result = iResult;
+  MabERixObject* pObject = nullptr;
+  if (SUCCEEDED(Result) && _pObjectContext)
+    pObject = KelImplCast<MabERixObject>(_pObjectContext->GetObject(iID).Get());
+  if (FAILED(Result) || !pObject)
+    Result = MabRixRaiseUnexpected(Result);
+  if (SUCCEEDED(Result) && pObject && ipText)
+    pObject->_SetType(ipText->_Value);
+  return Result;
+}
+
+// State, lock status or lock owner of the current major object.
+HRESULT MabRixSAXHandlerObjectDetailsList::SetMajorState(const MabRixObjectID& iID, const MabRixStringValue* ipText,
+                                                         HRESULT iResult)
+{
+  HRESULT Result = iResult;
+  MabERixMajorObject* pMajor = nullptr;
+  if (SUCCEEDED(Result) && _pObjectContext)
+    pMajor = KelImplCast<MabERixMajorObject>(_pObjectContext->GetMajorObject(iID).Get());
+  if (FAILED(Result) || !pMajor)
+    Result = MabRixRaiseUnexpected(Result);
+  if (FAILED(Result) || !pMajor || !ipText)
     return Result;
-  }
-  if (_CurrentElement == "State" || _CurrentElement == "Lock" || _CurrentElement == "LockedBy")
+  if (_CurrentElement == "State")
+    pMajor->_SetState(ipText->_Value);
+  else if (_CurrentElement == "LockedBy")
+    pMajor->_SetLockOwner(ipText->_Value);
+  else
   {
-    MabERixMajorObject* pMajor = nullptr;
-    if (SUCCEEDED(Result) && _pObjectContext)
-      pMajor = KelImplCast<MabERixMajorObject>(_pObjectContext->GetMajorObject(ID).Get());
-    if (FAILED(Result) || !pMajor)
-      Result = MabRixRaiseUnexpected(Result);
-    if (FAILED(Result) || !pMajor || !pText)
-      return Result;
-    if (_CurrentElement == "State")
-      pMajor->_SetState(pText->_Value);
-    else if (_CurrentElement == "LockedBy")
-      pMajor->_SetLockOwner(pText->_Value);
-    else
-    {
-      KelUnicodeString Lock = pText->_Value;
-      pMajor->_SetLockStatus(IsTrueText(Lock, "true") ? TRUE : FALSE);
-    }
+    KelUnicodeString Lock = ipText->_Value;
+    pMajor->_SetLockStatus(IsTrueText(Lock, "true") ? TRUE : FALSE);
   }
   return Result;
 }

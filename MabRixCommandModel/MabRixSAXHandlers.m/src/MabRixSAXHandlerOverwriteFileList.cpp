@@ -1,12 +1,14 @@
 #include "MabRixSAXHandlerOverwriteFileList.h"
 
+#include <new>
+
 #include "KelCheck.h"
 #include "MabRixStringMapValue.h"
 
 MabRixImplementHandler(MabRixSAXHandlerOverwriteFileList, MabRixSAXHandlerBase)
 
 MabRixSAXHandlerOverwriteFileList::MabRixSAXHandlerOverwriteFileList(MabRixSAXHandlerBase& iParent)
-    : MabRixSAXHandlerBase(iParent), _pMapValue(new MabRixStringMapValue())
+    : MabRixSAXHandlerBase(iParent), _pMapValue(new (std::nothrow) MabRixStringMapValue())
 {
 }
 

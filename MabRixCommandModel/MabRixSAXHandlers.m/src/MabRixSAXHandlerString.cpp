@@ -1,5 +1,7 @@
 #include "MabRixSAXHandlerString.h"
 
+#include <new>
+
 #include "KelCheck.h"
 #include "MabRixStringValue.h"
 
@@ -21,10 +23,10 @@ HRESULT MabRixSAXHandlerString::EndElement(const KelUnicodeString& iName)
 {
   if (!StopIfNecessary(iName) && !KelCheckText(false, "ExpressionCheck:this->StopIfNecessary(iName)"))
     return E_FAIL;
-  MabRixStringValue* pValue = new MabRixStringValue();
-  pValue->_Value.Append(_Characters);
-  const MabIRixValue_var spValue(pValue);
-  pValue->Release();  // the parent's reference is the one that counts
+  MabRixStringValue* pValue = new (std::nothrow) MabRixStringValue();  // null: no value to hand up
+  if (pValue)
+    pValue->_Value.Append(_Characters);
+  const MabIRixValue_var spValue = MabIRixValue_var::Adopt(pValue);  // the parent's reference is the one that counts
   if (!KelCheck(!!_spParentHandler))
     return E_FAIL;
   return _spParentHandler->Value(spValue);

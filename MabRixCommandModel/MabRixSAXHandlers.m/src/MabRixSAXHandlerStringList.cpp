@@ -1,5 +1,7 @@
 #include "MabRixSAXHandlerStringList.h"
 
+#include <new>
+
 #include "MabRixLeafHandlerMacros.h"
 #include "MabRixStringListValue.h"
 #include "MabRixStringUtils.h"
@@ -21,7 +23,9 @@ MabRixImplementLeafEndElement(MabRixSAXHandlerStringList)
 // is still found.
 MabIRixValue_var MabRixSAXHandlerStringList::BuildValue() const
 {
-  MabRixStringListValue* pValue = new MabRixStringListValue();
+  MabRixStringListValue* pValue = new (std::nothrow) MabRixStringListValue();
+  if (!pValue)
+    return nullptr;  // no value to hand up
   pValue->_Value = MabRixStringUtils::GetList(_Characters, _ListSeparator);
   return MabIRixValue_var::Adopt(pValue);
 }

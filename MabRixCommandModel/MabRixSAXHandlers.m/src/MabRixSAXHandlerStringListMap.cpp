@@ -1,5 +1,7 @@
 #include "MabRixSAXHandlerStringListMap.h"
 
+#include <new>
+
 #include "MabRixLeafHandlerMacros.h"
 #include "MabRixStringListMapValue.h"
 #include "MabRixStringUtils.h"
@@ -22,7 +24,9 @@ MabRixImplementLeafEndElement(MabRixSAXHandlerStringListMap)
 
 MabIRixValue_var MabRixSAXHandlerStringListMap::BuildValue() const
 {
-  MabRixStringListMapValue* pValue = new MabRixStringListMapValue();
+  MabRixStringListMapValue* pValue = new (std::nothrow) MabRixStringListMapValue();
+  if (!pValue)
+    return nullptr;  // no value to hand up
   pValue->_Value = MabRixStringUtils::GetListMap(_Characters, _FirstSeparator, _SecondSeparator, _ListSeparator);
   return MabIRixValue_var::Adopt(pValue);
 }

@@ -1,5 +1,7 @@
 #include "MabRixSAXHandlerStringMap.h"
 
+#include <new>
+
 #include "MabRixLeafHandlerMacros.h"
 #include "MabRixStringMapValue.h"
 #include "MabRixStringUtils.h"
@@ -20,7 +22,9 @@ MabRixImplementLeafEndElement(MabRixSAXHandlerStringMap)
 
 MabIRixValue_var MabRixSAXHandlerStringMap::BuildValue() const
 {
-  MabRixStringMapValue* pValue = new MabRixStringMapValue();
+  MabRixStringMapValue* pValue = new (std::nothrow) MabRixStringMapValue();
+  if (!pValue)
+    return nullptr;  // no value to hand up
   pValue->_Value = MabRixStringUtils::GetMap(_Characters, _FirstSeparator, _SecondSeparator);
   return MabIRixValue_var::Adopt(pValue);
 }
