@@ -10,6 +10,7 @@ MabIRixFailureResponse* CreateBOAMabIRixFailureResponseMabRixFailureResponse(Mab
 MabRixFailureResponse::MabRixFailureResponse() = default;
 
 // A copy is a new object with its own reference count.
+// NOLINTNEXTLINE(bugprone-copy-constructor-init)
 MabRixFailureResponse::MabRixFailureResponse(const MabRixFailureResponse& iOther)
     : KelBaseUnknown(), MabIRixResponse(), MabIRixFailureResponse(), _CommandName(iOther._CommandName),
       _Reason(iOther._Reason), _ErrorCode(iOther._ErrorCode)

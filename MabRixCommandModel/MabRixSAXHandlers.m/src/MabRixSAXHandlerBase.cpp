@@ -45,7 +45,7 @@ MabRixSAXHandlerBase::MabRixSAXHandlerBase(KelISAXParser_var& iParser) : _spSAXP
 
 // Takes a non-const reference to the parent, so the language counts it as a
 // copy constructor: the bases are named to say they are built fresh.
-MabRixSAXHandlerBase::MabRixSAXHandlerBase(MabRixSAXHandlerBase& iParent)
+MabRixSAXHandlerBase::MabRixSAXHandlerBase(MabRixSAXHandlerBase& iParent)  // NOLINT(bugprone-copy-constructor-init)
     : KelBaseUnknown(), KelISAXDocumentHandler(), MabIRixSAXHandler(), KelISAXParseEndListener(), KelSAXHandlerBase(),
       _spSAXParser(iParent._spSAXParser), _spParentHandler(iParent)
 {
