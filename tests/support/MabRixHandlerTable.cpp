@@ -13,8 +13,7 @@
 #include "MabRixStringValueFormat.h"
 #include "MabRixTNRObjectContext.h"
 #include "MabRixTestSupport.h"
-#include "RixsaxContextJson.h"
-#include "RixsaxValueJson.h"
+#include "RixsaxJsonText.h"
 
 KelUnicodeString MabRixOptionBytes::Separator()
 {
@@ -72,14 +71,12 @@ KelUnicodeString ElementName(MabRixOptionBytes& ioOptions)
   return KelUnicodeString(Names[ioOptions.Byte() % (sizeof Names / sizeof Names[0])]);
 }
 
-std::string Text(const RixsaxJson& iJson) { return iJson.dump(-1, ' ', false, RixsaxJson::error_handler_t::replace); }
-
 // A CAD object context lent to the handler, through the pointer it takes by
 // reference.
 MabRixCADObjectContext*& CADContext(MabRixBorrowed& ioBorrowed)
 {
   MabRixCADObjectContext& Context = ioBorrowed.Adopt(new MabRixCADObjectContext());
-  ioBorrowed._Describe = [&Context] { return "context " + Text(RixsaxCADContextJson(Context)); };
+  ioBorrowed._Describe = [&Context] { return "context " + RixsaxCADContextJsonText(Context); };
   return ioBorrowed.Own(new MabRixCADObjectContext*(&Context));
 }
 
@@ -87,7 +84,7 @@ MabRixCADObjectContext*& CADContext(MabRixBorrowed& ioBorrowed)
 MabRixTNRObjectContext*& TNRContext(MabRixBorrowed& ioBorrowed)
 {
   MabRixTNRObjectContext& Context = ioBorrowed.Adopt(new MabRixTNRObjectContext());
-  ioBorrowed._Describe = [&Context] { return "context " + Text(RixsaxTNRContextJson(Context)); };
+  ioBorrowed._Describe = [&Context] { return "context " + RixsaxTNRContextJsonText(Context); };
   return ioBorrowed.Own(new MabRixTNRObjectContext*(&Context));
 }
 
@@ -188,7 +185,7 @@ const MabRixHandlerEntry* MabRixFindHandler(const std::string& iName)
   return nullptr;
 }
 
-std::string MabRixDescribeValue(const MabIRixValue_var& iValue) { return Text(RixsaxValueJson(iValue)); }
+std::string MabRixDescribeValue(const MabIRixValue_var& iValue) { return RixsaxValueJsonText(iValue); }
 
 std::string MabRixReadAndDescribe(const MabRixHandlerEntry& iEntry, const std::string& iXml,
                                   const std::vector<std::uint8_t>& iOptions, std::size_t iChunk,

@@ -1,198 +1,261 @@
 #include "RixsaxContextJson.h"
 
-#include <unordered_map>
-#include <unordered_set>
+#include <algorithm>
+#include <tuple>
 #include <vector>
 
 #include "MabRixCADObjectContext.h"
 #include "MabRixTNRObjectContext.h"
+#include "RixsaxJsonBasics.h"
 
 namespace
 {
-RixsaxJson DocumentIDJson(const MabRixDocumentID& iID)
+void WriteDocumentID(RixsaxWriter& ioWriter, const MabRixDocumentID& iID)
 {
-  return {{"type", RixsaxToJson(iID.GetType())},
-          {"name", RixsaxToJson(iID.GetName())},
-          {"path", RixsaxToJson(iID.GetPath().GetString())}};
+  ioWriter.BeginObject();
+  ioWriter.Member("type", iID.GetType());
+  ioWriter.Member("name", iID.GetName());
+  ioWriter.Member("path", iID.GetPath().GetString());
+  ioWriter.EndObject();
 }
 
 // Texts as strings, flags as booleans, lists as arrays, paths as strings.
-RixsaxJson PropertyValueJson(const MabRixPropertyValue& iValue)
+void WritePropertyValue(RixsaxWriter& ioWriter, const MabRixPropertyValue& iValue)
 {
   struct Visitor
   {
-    RixsaxJson operator()(const KelUnicodeString& iText) const { return RixsaxToJson(iText); }
-    RixsaxJson operator()(unsigned char iFlag) const { return iFlag != 0; }
-    RixsaxJson operator()(const KelUnicodeStringList& iList) const { return RixsaxToJson(iList); }
-    RixsaxJson operator()(const MabRixPath& iPath) const { return RixsaxToJson(iPath.GetString()); }
-    RixsaxJson operator()(const MabRixDocumentID& iID) const { return DocumentIDJson(iID); }
+    RixsaxWriter& _Writer;
+    void operator()(const KelUnicodeString& iText) const { _Writer.String(iText); }
+    void operator()(unsigned char iFlag) const { _Writer.Bool(iFlag != 0); }
+    void operator()(const KelUnicodeStringList& iList) const { RixsaxWrite(_Writer, iList); }
+    void operator()(const MabRixPath& iPath) const { _Writer.String(iPath.GetString()); }
+    void operator()(const MabRixDocumentID& iID) const { WriteDocumentID(_Writer, iID); }
   };
-  return std::visit(Visitor(), iValue);
+  std::visit(Visitor{ioWriter}, iValue);
 }
 
-RixsaxJson PropertiesJson(const MabERixEntity& iEntity)
+void WriteProperties(RixsaxWriter& ioWriter, const MabERixEntity& iEntity)
 {
-  RixsaxJson Object = RixsaxJson::object();
+  ioWriter.Key("properties");
+  ioWriter.BeginObject();
   for (const MabRixProperty& Property : iEntity.GetSetProperties())
-    Object[Property._Name] = PropertyValueJson(Property._Value);
-  return Object;
+  {
+    ioWriter.Key(Property._Name);
+    WritePropertyValue(ioWriter, Property._Value);
+  }
+  ioWriter.EndObject();
 }
 
 // The dictionaries a handler fills directly on a minor object.
-void AddMinorContent(const MabERixMinorObject& iMinor, RixsaxJson& ioJson)
+void WriteMinorContent(RixsaxWriter& ioWriter, const MabERixMinorObject& iMinor)
 {
-  ioJson["properties"] = PropertiesJson(iMinor);
-  ioJson["extraAttributes"] = RixsaxToJson(iMinor._ExtraAttributes);
-  ioJson["elementValues"] = RixsaxToJson(iMinor._ElementValues);
+  WriteProperties(ioWriter, iMinor);
+  ioWriter.Key("extraAttributes");
+  RixsaxWrite(ioWriter, iMinor._ExtraAttributes);
+  ioWriter.Key("elementValues");
+  RixsaxWrite(ioWriter, iMinor._ElementValues);
 }
 
-KelUnicodeString MajorKey(const KelUnicodeString& iType, const KelUnicodeString& iName,
-                          const KelUnicodeString& iRevision)
+typedef std::tuple<std::string_view, std::string_view, std::string_view> EntityKey;
+
+EntityKey MinorKey(const MabERixMinorObject* ipMinor)
 {
-  return MabRixObjectID::ComposeKey({&iType, &iName, &iRevision});
+  return {ipMinor->GetKeyType().View(), ipMinor->GetKeyName().View(), ipMinor->GetKeyRevision().View()};
 }
 
-KelUnicodeString ObjectKey(const KelUnicodeString& iType, const KelUnicodeString& iName)
+EntityKey MajorKey(const MabERixMajorObject* ipMajor)
 {
-  return MabRixObjectID::ComposeKey({&iType, &iName});
+  const MabERixObject* pObject = ipMajor->GetOwnerObject();
+  return {pObject->GetKeyType().View(), pObject->GetKeyName().View(), ipMajor->GetKeyRevision().View()};
 }
 
-// The major objects of each object, in creation order.
-std::unordered_map<const MabERixObject*, std::vector<const MabERixMajorObject*>> MajorsByObject(
-    const MabRixObjectContext& iContext)
+// Entities sorted by a key, creation order kept among equal keys: the
+// entities of one key are an equal_range, in the order they were created.
+template <class Entity, class KeyOf>
+std::vector<const Entity*> SortedBy(const std::vector<KelVar<Entity>>& iEntities, KeyOf iKeyOf)
 {
-  std::unordered_map<const MabERixObject*, std::vector<const MabERixMajorObject*>> Majors;
-  for (const MabERixMajorObject_var& Major : iContext.GetMajorObjects())
-    Majors[Major->GetOwnerObject()].push_back(Major.Get());
-  return Majors;
+  std::vector<const Entity*> Sorted;
+  Sorted.reserve(iEntities.size());
+  for (const KelVar<Entity>& spEntity : iEntities)
+    Sorted.push_back(spEntity.Get());
+  std::stable_sort(Sorted.begin(), Sorted.end(),
+                   [&iKeyOf](const Entity* ipLeft, const Entity* ipRight) { return iKeyOf(ipLeft) < iKeyOf(ipRight); });
+  return Sorted;
 }
 
-RixsaxJson TNRMinorJson(const MabERixMinorObject& iMinor)
+template <class Entity, class Key, class KeyOf>
+std::pair<typename std::vector<const Entity*>::const_iterator, typename std::vector<const Entity*>::const_iterator>
+FindAll(const std::vector<const Entity*>& iSorted, const Key& iKey, KeyOf iKeyOf)
 {
-  RixsaxJson Json = RixsaxJson::object();
-  Json["id"] = {{"cadId", RixsaxToJson(iMinor.GetObjectID().GetID())},
-                {"type", RixsaxToJson(iMinor.GetKeyType())},
-                {"name", RixsaxToJson(iMinor.GetKeyName())},
-                {"revision", RixsaxToJson(iMinor.GetKeyRevision())},
-                {"version", RixsaxToJson(iMinor.GetKeyVersion())}};
-  AddMinorContent(iMinor, Json);
-  Json["pointer"] = iMinor._bPointer != 0;
-  return Json;
+  const auto Begin =
+      std::lower_bound(iSorted.begin(), iSorted.end(), iKey,
+                       [&iKeyOf](const Entity* ipEntity, const Key& iValue) { return iKeyOf(ipEntity) < iValue; });
+  const auto End = std::upper_bound(Begin, iSorted.end(), iKey, [&iKeyOf](const Key& iValue, const Entity* ipEntity) {
+    return iValue < iKeyOf(ipEntity);
+  });
+  return {Begin, End};
 }
 
-RixsaxJson RelationshipsJson(const MabRixObjectContext& iContext)
+const MabERixObject* OwnerOf(const MabERixMajorObject* ipMajor) { return ipMajor->GetOwnerObject(); }
+
+void WriteTNRMinor(RixsaxWriter& ioWriter, const MabERixMinorObject& iMinor)
 {
-  RixsaxJson Array = RixsaxJson::array();
+  ioWriter.BeginObject();
+  ioWriter.Key("id");
+  ioWriter.BeginObject();
+  ioWriter.Member("cadId", iMinor.GetObjectID().GetID());
+  ioWriter.Member("type", iMinor.GetKeyType());
+  ioWriter.Member("name", iMinor.GetKeyName());
+  ioWriter.Member("revision", iMinor.GetKeyRevision());
+  ioWriter.Member("version", iMinor.GetKeyVersion());
+  ioWriter.EndObject();
+  WriteMinorContent(ioWriter, iMinor);
+  ioWriter.MemberBool("pointer", iMinor._bPointer != 0);
+  ioWriter.EndObject();
+}
+
+void WriteRelationships(RixsaxWriter& ioWriter, const MabRixObjectContext& iContext)
+{
+  ioWriter.Key("relationships");
+  ioWriter.BeginArray();
   for (const MabERixRelationship_var& Relationship : iContext.GetRelationships())
-    Array.push_back({{"id", RixsaxToJson(Relationship->GetID())},
-                     {"kind", RixsaxToJson(Relationship->GetKind())},
-                     {"attributes", RixsaxToJson(Relationship->_Attributes)}});
-  return Array;
+  {
+    ioWriter.BeginObject();
+    ioWriter.Member("id", Relationship->GetID());
+    ioWriter.Member("kind", Relationship->GetKind());
+    ioWriter.Key("attributes");
+    RixsaxWrite(ioWriter, Relationship->_Attributes);
+    ioWriter.EndObject();
+  }
+  ioWriter.EndArray();
 }
 
-RixsaxJson RelationsJson(const MabRixObjectContext& iContext)
+void WriteRelations(RixsaxWriter& ioWriter, const MabRixObjectContext& iContext)
 {
-  RixsaxJson Array = RixsaxJson::array();
+  ioWriter.Key("relations");
+  ioWriter.BeginArray();
   for (const MabERixRelation_var& Relation : iContext.GetRelations())
-    Array.push_back({{"from", RixsaxToJson(Relation->GetFromObjectID().GetID())},
-                     {"id", RixsaxToJson(Relation->GetRelationshipID())},
-                     {"to", RixsaxToJson(Relation->GetToObjectID().GetID())}});
-  return Array;
+  {
+    ioWriter.BeginObject();
+    ioWriter.Member("from", Relation->GetFromObjectID().GetID());
+    ioWriter.Member("id", Relation->GetRelationshipID());
+    ioWriter.Member("to", Relation->GetToObjectID().GetID());
+    ioWriter.EndObject();
+  }
+  ioWriter.EndArray();
+}
+
+void WriteObjectStart(RixsaxWriter& ioWriter, const MabERixObject& iObject)
+{
+  ioWriter.BeginObject();
+  ioWriter.Member("type", iObject.GetKeyType());
+  ioWriter.Member("name", iObject.GetKeyName());
+  WriteProperties(ioWriter, iObject);
 }
 }  // namespace
 
-RixsaxJson RixsaxTNRContextJson(const MabRixTNRObjectContext& iContext)
+void RixsaxWriteTNRContext(RixsaxWriter& ioWriter, const MabRixTNRObjectContext& iContext)
 {
-  const auto Majors = MajorsByObject(iContext);
+  const std::vector<const MabERixMajorObject*> Majors = SortedBy(iContext.GetMajorObjects(), OwnerOf);
   // Minor objects by the type, name and revision of their creation.
-  std::unordered_map<KelUnicodeString, std::vector<const MabERixMinorObject*>> Minors;
-  for (const MabERixMinorObject_var& Minor : iContext.GetMinorObjects())
-    Minors[MajorKey(Minor->GetKeyType(), Minor->GetKeyName(), Minor->GetKeyRevision())].push_back(Minor.Get());
+  const std::vector<const MabERixMinorObject*> Minors = SortedBy(iContext.GetMinorObjects(), MinorKey);
 
-  RixsaxJson Objects = RixsaxJson::array();
+  ioWriter.BeginObject();
+  ioWriter.Key("objects");
+  ioWriter.BeginArray();
   std::size_t Placed = 0;
   for (const MabERixObject_var& Object : iContext.GetObjects())
   {
-    RixsaxJson ObjectJson = {{"type", RixsaxToJson(Object->GetKeyType())},
-                             {"name", RixsaxToJson(Object->GetKeyName())},
-                             {"properties", PropertiesJson(*Object)}};
-    RixsaxJson MajorArray = RixsaxJson::array();
-    if (const auto Found = Majors.find(Object.Get()); Found != Majors.end())
-      for (const MabERixMajorObject* pMajor : Found->second)
-      {
-        RixsaxJson MinorArray = RixsaxJson::array();
-        const auto Versions =
-            Minors.find(MajorKey(Object->GetKeyType(), Object->GetKeyName(), pMajor->GetKeyRevision()));
-        if (Versions != Minors.end())
-          for (const MabERixMinorObject* pMinor : Versions->second)
-            MinorArray.push_back(TNRMinorJson(*pMinor));
-        Placed += MinorArray.size();
-        MajorArray.push_back({{"revision", RixsaxToJson(pMajor->GetKeyRevision())},
-                              {"properties", PropertiesJson(*pMajor)},
-                              {"minors", std::move(MinorArray)}});
-      }
-    ObjectJson["majors"] = std::move(MajorArray);
-    Objects.push_back(std::move(ObjectJson));
+    WriteObjectStart(ioWriter, *Object);
+    ioWriter.Key("majors");
+    ioWriter.BeginArray();
+    const auto [MajorBegin, MajorEnd] = FindAll(Majors, static_cast<const MabERixObject*>(Object.Get()), OwnerOf);
+    for (auto ppMajor = MajorBegin; ppMajor != MajorEnd; ++ppMajor)
+    {
+      ioWriter.BeginObject();
+      ioWriter.Member("revision", (*ppMajor)->GetKeyRevision());
+      WriteProperties(ioWriter, **ppMajor);
+      ioWriter.Key("minors");
+      ioWriter.BeginArray();
+      const auto [MinorBegin, MinorEnd] = FindAll(Minors, MajorKey(*ppMajor), MinorKey);
+      for (auto ppMinor = MinorBegin; ppMinor != MinorEnd; ++ppMinor)
+        WriteTNRMinor(ioWriter, **ppMinor);
+      Placed += static_cast<std::size_t>(MinorEnd - MinorBegin);
+      ioWriter.EndArray();
+      ioWriter.EndObject();
+    }
+    ioWriter.EndArray();
+    ioWriter.EndObject();
   }
-
-  RixsaxJson Json = RixsaxJson::object();
-  Json["objects"] = std::move(Objects);
+  ioWriter.EndArray();
   // A minor object whose revision has no major object in the context is
   // shown apart rather than lost.
   if (Placed < iContext.GetMinorObjects().size())
   {
-    std::unordered_set<KelUnicodeString> MajorKeys;
-    for (const MabERixMajorObject_var& Major : iContext.GetMajorObjects())
-    {
-      const MabERixObject* pObject = Major->GetOwnerObject();
-      MajorKeys.insert(MajorKey(pObject->GetKeyType(), pObject->GetKeyName(), Major->GetKeyRevision()));
-    }
-    RixsaxJson Unplaced = RixsaxJson::array();
+    const std::vector<const MabERixMajorObject*> MajorsByKey = SortedBy(iContext.GetMajorObjects(), MajorKey);
+    ioWriter.Key("minorsWithoutMajor");
+    ioWriter.BeginArray();
     for (const MabERixMinorObject_var& Minor : iContext.GetMinorObjects())
-      if (!MajorKeys.count(MajorKey(Minor->GetKeyType(), Minor->GetKeyName(), Minor->GetKeyRevision())))
-        Unplaced.push_back(TNRMinorJson(*Minor));
-    Json["minorsWithoutMajor"] = std::move(Unplaced);
+      if (const auto Found = FindAll(MajorsByKey, MinorKey(Minor.Get()), MajorKey); Found.first == Found.second)
+        WriteTNRMinor(ioWriter, *Minor);
+    ioWriter.EndArray();
   }
-  Json["relationships"] = RelationshipsJson(iContext);
-  Json["relations"] = RelationsJson(iContext);
-  return Json;
+  WriteRelationships(ioWriter, iContext);
+  WriteRelations(ioWriter, iContext);
+  ioWriter.EndObject();
 }
 
-RixsaxJson RixsaxCADContextJson(const MabRixCADObjectContext& iContext)
+void RixsaxWriteCADContext(RixsaxWriter& ioWriter, const MabRixCADObjectContext& iContext)
 {
-  const auto Majors = MajorsByObject(iContext);
-  std::unordered_map<KelUnicodeString, const MabERixMinorObject*> Minors;
-  for (const MabERixMinorObject_var& Minor : iContext.GetMinorObjects())
-    Minors.emplace(ObjectKey(Minor->GetKeyType(), Minor->GetKeyName()), Minor.Get());
+  const std::vector<const MabERixMajorObject*> Majors = SortedBy(iContext.GetMajorObjects(), OwnerOf);
+  const auto ObjectKeyOf = [](const MabERixMinorObject* ipMinor) {
+    return std::make_pair(ipMinor->GetKeyType().View(), ipMinor->GetKeyName().View());
+  };
+  const std::vector<const MabERixMinorObject*> Minors = SortedBy(iContext.GetMinorObjects(), ObjectKeyOf);
 
-  RixsaxJson Objects = RixsaxJson::array();
+  ioWriter.BeginObject();
+  ioWriter.Key("objects");
+  ioWriter.BeginArray();
   for (const MabERixObject_var& Object : iContext.GetObjects())
   {
-    RixsaxJson ObjectJson = {{"type", RixsaxToJson(Object->GetKeyType())},
-                             {"name", RixsaxToJson(Object->GetKeyName())},
-                             {"properties", PropertiesJson(*Object)}};
+    WriteObjectStart(ioWriter, *Object);
     KelUnicodeString Current;
-    ObjectJson["currentRevision"] =
-        SUCCEEDED(Object->GetContextCurrentRevision(Current)) ? RixsaxToJson(Current) : RixsaxJson(nullptr);
-    RixsaxJson MajorArray = RixsaxJson::array();
-    if (const auto Found = Majors.find(Object.Get()); Found != Majors.end())
-      for (const MabERixMajorObject* pMajor : Found->second)
-        MajorArray.push_back({{"revision", pMajor->GetKeyRevision().IsEmpty() ? RixsaxJson(nullptr)
-                                                                              : RixsaxToJson(pMajor->GetKeyRevision())},
-                              {"properties", PropertiesJson(*pMajor)}});
-    ObjectJson["majors"] = std::move(MajorArray);
-    RixsaxJson MinorJson = nullptr;
-    if (const auto Found = Minors.find(ObjectKey(Object->GetKeyType(), Object->GetKeyName())); Found != Minors.end())
+    ioWriter.Key("currentRevision");
+    if (SUCCEEDED(Object->GetContextCurrentRevision(Current)))
+      ioWriter.String(Current);
+    else
+      ioWriter.Null();
+    ioWriter.Key("majors");
+    ioWriter.BeginArray();
+    const auto [MajorBegin, MajorEnd] = FindAll(Majors, static_cast<const MabERixObject*>(Object.Get()), OwnerOf);
+    for (auto ppMajor = MajorBegin; ppMajor != MajorEnd; ++ppMajor)
     {
-      MinorJson = RixsaxJson::object();
-      AddMinorContent(*Found->second, MinorJson);
+      ioWriter.BeginObject();
+      ioWriter.Key("revision");
+      if ((*ppMajor)->GetKeyRevision().IsEmpty())
+        ioWriter.Null();
+      else
+        ioWriter.String((*ppMajor)->GetKeyRevision());
+      WriteProperties(ioWriter, **ppMajor);
+      ioWriter.EndObject();
     }
-    ObjectJson["minor"] = std::move(MinorJson);
-    Objects.push_back(std::move(ObjectJson));
+    ioWriter.EndArray();
+    // The first minor object of the object's type and name.
+    ioWriter.Key("minor");
+    const auto Found =
+        FindAll(Minors, std::make_pair(Object->GetKeyType().View(), Object->GetKeyName().View()), ObjectKeyOf);
+    if (Found.first != Found.second)
+    {
+      ioWriter.BeginObject();
+      WriteMinorContent(ioWriter, **Found.first);
+      ioWriter.EndObject();
+    }
+    else
+      ioWriter.Null();
+    ioWriter.EndObject();
   }
-  RixsaxJson Json = RixsaxJson::object();
-  Json["objects"] = std::move(Objects);
-  return Json;
+  ioWriter.EndArray();
+  ioWriter.EndObject();
 }
 
 RixsaxContextCounts RixsaxCountContext(const MabRixObjectContext& iContext)

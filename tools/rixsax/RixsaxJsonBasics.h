@@ -1,49 +1,50 @@
-// JSON of the host's strings, lists and dictionaries. Texts are UTF-8 as the
-// host holds them; dictionaries keep their insertion order (an array of
-// entries would lose the look of a map, so objects are written in order).
+// The host's strings, lists and dictionaries written through a RixsaxWriter.
+// Texts are UTF-8 as the host holds them; dictionaries are written as
+// objects in their insertion order, each key once, in one pass.
 #ifndef RixsaxJsonBasics_h
 #define RixsaxJsonBasics_h
 
 #include <cstdio>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "KelDicos.h"
 #include "KelResult.h"
 #include "KelUnicodeString.h"
 #include "KelUnicodeStringList.h"
+#include "RixsaxWriter.h"
 
-// Objects keep the order in which members are written.
-typedef nlohmann::ordered_json RixsaxJson;
+inline void RixsaxWrite(RixsaxWriter& ioWriter, const KelUnicodeString& iText) { ioWriter.String(iText); }
 
-inline RixsaxJson RixsaxToJson(const KelUnicodeString& iText) { return iText.ToUtf8(); }
-
-inline RixsaxJson RixsaxToJson(const KelUnicodeStringList& iList)
+inline void RixsaxWrite(RixsaxWriter& ioWriter, const KelUnicodeStringList& iList)
 {
-  RixsaxJson Array = RixsaxJson::array();
+  ioWriter.BeginArray();
   for (const KelUnicodeString& Item : iList)
-    Array.push_back(Item.ToUtf8());
-  return Array;
+    ioWriter.String(Item);
+  ioWriter.EndArray();
 }
 
-// A dictionary as an object, each value written by iWrite.
+// A dictionary as an object, each value written by iWrite(ioWriter, value).
 template <class V, class Writer>
-RixsaxJson RixsaxToJson(const KelDico<V>& iDico, Writer iWrite)
+void RixsaxWrite(RixsaxWriter& ioWriter, const KelDico<V>& iDico, Writer iWrite)
 {
-  RixsaxJson Object = RixsaxJson::object();
+  ioWriter.BeginObject();
   for (auto It = iDico.begin(); It != iDico.end(); ++It)
-    Object[It.GetKey().ToUtf8()] = iWrite(*It);
-  return Object;
+  {
+    ioWriter.Key(It.GetKey().View());
+    iWrite(ioWriter, *It);
+  }
+  ioWriter.EndObject();
 }
 
-inline RixsaxJson RixsaxToJson(const KelUnicodeStringKelUnicodeStringDico& iDico)
+inline void RixsaxWrite(RixsaxWriter& ioWriter, const KelUnicodeStringKelUnicodeStringDico& iDico)
 {
-  return RixsaxToJson(iDico, [](const KelUnicodeString& iValue) { return RixsaxToJson(iValue); });
+  RixsaxWrite(ioWriter, iDico, [](RixsaxWriter& ioOut, const KelUnicodeString& iValue) { ioOut.String(iValue); });
 }
 
-inline RixsaxJson RixsaxToJson(const KelUnicodeStringListKelUnicodeStringDico& iDico)
+inline void RixsaxWrite(RixsaxWriter& ioWriter, const KelUnicodeStringListKelUnicodeStringDico& iDico)
 {
-  return RixsaxToJson(iDico, [](const KelUnicodeStringList& iValue) { return RixsaxToJson(iValue); });
+  RixsaxWrite(ioWriter, iDico,
+              [](RixsaxWriter& ioOut, const KelUnicodeStringList& iValue) { RixsaxWrite(ioOut, iValue); });
 }
 
 // A result code as 8 hex digits, e.g. "0x80004005".

@@ -1,112 +1,120 @@
 // rixsax: reads server responses through the library's handlers, playing the
 // command layer, and prints what the handlers produced.
+#include <csignal>
 #include <cstdio>
-#include <iostream>
+#include <cstring>
+#include <memory>
 
+#include "RixsaxCheck.h"
+#include "RixsaxDot.h"
+#include "RixsaxFileCheck.h"
+#include "RixsaxJsonWriter.h"
 #include "RixsaxOptions.h"
+#include "RixsaxOutput.h"
 #include "RixsaxRegistry.h"
+#include "RixsaxReport.h"
 #include "RixsaxRunJson.h"
 #include "RixsaxSession.h"
 #include "RixsaxStep.h"
 #include "RixsaxSummary.h"
-#include "RixsaxTextTree.h"
+#include "RixsaxYamlWriter.h"
 
 namespace
 {
-enum ExitStatus
-{
-  ExitOk = 0,
-  ExitFailedResult = 1,
-  ExitFileUnreadable = 3
-};
-
-void ListHandlers()
+void ListHandlers(RixsaxOutput& ioOutput)
 {
   std::size_t Width = 0;
   for (const RixsaxHandlerEntry& Entry : RixsaxHandlers())
     Width = std::max(Width, std::string(Entry._Name).size());
   for (const RixsaxHandlerEntry& Entry : RixsaxHandlers())
-    std::printf("%-*s  %s\n", static_cast<int>(Width), Entry._Name, Entry._Description);
+  {
+    const std::string Name = Entry._Name;
+    ioOutput.Write(Name + std::string(Width - Name.size() + 2, ' ') + Entry._Description + "\n");
+  }
 }
 
-// Tells what went wrong in a step, one line each, and what it means for the
-// exit status.
-int ReportStep(const RixsaxStepRecord& iStep)
+std::unique_ptr<RixsaxWriter> MakeWriter(RixsaxOutputFormat iFormat, RixsaxOutput& ioOutput)
 {
-  const char* File = iStep._File.c_str();
-  int Status = ExitOk;
-  if (iStep._HostError)
+  switch (iFormat)
   {
-    std::fprintf(stderr, "rixsax: %s:%d:%d: %s: %s\n", File, iStep._HostError->_XmlLine, iStep._HostError->_XmlColumn,
-                 iStep._HostError->_Kind.c_str(), iStep._HostError->_Message.c_str());
-    Status = ExitFailedResult;
-  }
-  if (iStep._ParseError)
-  {
-    if (iStep._ParseError->_Line > 0)
-      std::fprintf(stderr, "rixsax: %s:%d:%d: %s\n", File, iStep._ParseError->_Line, iStep._ParseError->_Column,
-                   iStep._ParseError->_Message.ConvertToChar());
-    else
-      std::fprintf(stderr, "rixsax: %s: %s\n", File, iStep._ParseError->_Message.ConvertToChar());
-    return ExitFileUnreadable;
-  }
-  if (!iStep._Started && !iStep._HostError)
-  {
-    std::fprintf(stderr, "rixsax: %s: no element to start %s on\n", File, iStep._pEntry->_Name);
-    Status = ExitFailedResult;
-  }
-  if (FAILED(iStep._Result))
-    Status = ExitFailedResult;
-  return Status;
-}
-
-void Print(const std::vector<RixsaxStepRecord>& iSteps, RixsaxSession& iSession)
-{
-  switch (iSession.Options()._Format)
-  {
-    case RixsaxOutputFormat::Summary:
-      std::fputs(RixsaxSummary(iSteps).c_str(), stdout);
-      return;
-    case RixsaxOutputFormat::Text:
-      std::fputs(RixsaxTextTree(RixsaxRunJson(iSteps, iSession)).c_str(), stdout);
-      return;
     case RixsaxOutputFormat::Json:
-      std::fputs(
-          (RixsaxRunJson(iSteps, iSession).dump(2, ' ', false, RixsaxJson::error_handler_t::replace) + "\n").c_str(),
-          stdout);
-      return;
-  }
-}
-
-// Runs the steps in order; a host error leaves the host in a state no later
-// step should build on, so the run ends there.
-int Read(const RixsaxOptions& iOptions)
-{
-  RixsaxSession Session(iOptions);
-  std::vector<RixsaxStepRecord> Steps;
-  int Status = ExitOk;
-  for (const RixsaxStepRequest& Request : iOptions._Steps)
-  {
-    Steps.push_back(RixsaxRunStep(Session, *RixsaxFindHandler(Request._Handler), Request._File));
-    Status = std::max(Status, ReportStep(Steps.back()));
-    if (Steps.back()._HostError)
+      return std::make_unique<RixsaxJsonWriter>(ioOutput, true);
+    case RixsaxOutputFormat::Text:
+      return std::make_unique<RixsaxYamlWriter>(ioOutput);
+    case RixsaxOutputFormat::Summary:
+    case RixsaxOutputFormat::Dot:
       break;
   }
-  Print(Steps, Session);
-  return Status;
+  return nullptr;
+}
+
+// Runs the steps in order, each written out when it ends; a host error
+// leaves the host in a state no later step should build on, so the run
+// ends there.
+int Read(const RixsaxOptions& iOptions, RixsaxOutput& ioOutput, int& ioStatus)
+{
+  RixsaxSession Session(iOptions);
+  const std::unique_ptr<RixsaxWriter> spWriter = MakeWriter(iOptions._Format, ioOutput);
+  if (spWriter)
+    RixsaxWriteRunStart(*spWriter);
+  for (const RixsaxStepRequest& Request : iOptions._Steps)
+  {
+    const RixsaxStepRecord Step = RixsaxReadStep(Session, *RixsaxFindHandler(Request._Handler), Request._File);
+    ioStatus = std::max(ioStatus, RixsaxReportStep(Step));
+    if (spWriter)
+      RixsaxWriteStep(*spWriter, Step, iOptions._Trace);
+    else if (iOptions._Format == RixsaxOutputFormat::Summary)
+      ioOutput.Write(RixsaxSummaryLine(Step));
+    if (Step._HostError)
+      break;
+  }
+  if (spWriter)
+    RixsaxWriteRunEnd(*spWriter, Session);
+  else if (iOptions._Format == RixsaxOutputFormat::Dot)
+    RixsaxWriteDot(ioOutput, Session);
+  ioOutput.Flush();
+  return ioStatus;
+}
+
+// A write error ends the run with a status of its own; a reader that closed
+// its end (| head) wanted no more: the run ends quietly.
+template <class Run>
+int WithOutput(Run iRun)
+{
+  int Status = RixsaxExitOk;
+  try
+  {
+    RixsaxOutput Output;
+    iRun(Output, Status);
+    Output.Flush();
+    return Status;
+  }
+  catch (const RixsaxOutputClosed&)
+  {
+    return Status;
+  }
+  catch (const RixsaxOutputError& Error)
+  {
+    std::fprintf(stderr, "rixsax: cannot write the output: %s\n", Error.what());
+    return RixsaxExitOutputError;
+  }
 }
 }  // namespace
 
 int main(int iArgc, char** iArgv)
 {
+  // A closed pipe is seen as EPIPE where the output is written.
+  std::signal(SIGPIPE, SIG_IGN);
   const RixsaxCommandLine Line = RixsaxParseCommandLine(iArgc, iArgv);
   switch (Line._Command)
   {
     case RixsaxCommand::Handlers:
-      ListHandlers();
-      return ExitOk;
+      return WithOutput([](RixsaxOutput& ioOutput, int&) { ListHandlers(ioOutput); });
     case RixsaxCommand::Read:
-      return Read(Line._Options);
+      return WithOutput([&Line](RixsaxOutput& ioOutput, int& ioStatus) { Read(Line._Options, ioOutput, ioStatus); });
+    case RixsaxCommand::Check:
+      return WithOutput(
+          [&Line](RixsaxOutput& ioOutput, int& ioStatus) { ioStatus = RixsaxCheckFiles(Line._Options, ioOutput); });
     case RixsaxCommand::Exit:
       break;
   }

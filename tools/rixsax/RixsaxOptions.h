@@ -17,8 +17,9 @@ struct RixsaxStepRequest
 enum class RixsaxOutputFormat
 {
   Json,
-  Text,
-  Summary
+  Text,  // YAML
+  Summary,
+  Dot  // a Graphviz graph of the object model
 };
 
 struct RixsaxOptions
@@ -44,11 +45,14 @@ struct RixsaxOptions
   bool _StopOnFailure = false;    // the parser stops at the first failed callback
   RixsaxOutputFormat _Format = RixsaxOutputFormat::Json;
   bool _Trace = false;
+  std::optional<bool> _Progress;  // --progress / --no-progress; unset: by file size and terminal
+  unsigned _Jobs = 0;             // check: files read at the same time; 0: the number of cores
 };
 
 enum class RixsaxCommand
 {
   Read,
+  Check,
   Handlers,
   Exit  // --help, --version or a usage error: nothing more to do
 };
@@ -62,5 +66,7 @@ struct RixsaxCommandLine
 
 // Parses the command line; help, version and usage errors are printed here.
 RixsaxCommandLine RixsaxParseCommandLine(int iArgc, const char* const* iArgv);
+// "rixsax VERSION", the version of the library it reads with.
+std::string RixsaxVersionText();
 
 #endif

@@ -1,102 +1,148 @@
 #include "RixsaxRunJson.h"
 
 #include "RixsaxContextJson.h"
+#include "RixsaxJsonBasics.h"
 #include "RixsaxRegistry.h"
 #include "RixsaxSession.h"
 #include "RixsaxValueJson.h"
 
 namespace
 {
-RixsaxJson ChecksJson(const MabRixBoundedList<RixsaxCheckRecord>& iChecks)
+void WriteChecks(RixsaxWriter& ioWriter, const MabRixBoundedList<RixsaxCheckRecord>& iChecks)
 {
-  RixsaxJson Array = RixsaxJson::array();
+  ioWriter.Key("checks");
+  ioWriter.BeginArray();
   for (const RixsaxCheckRecord& Check : iChecks)
-    Array.push_back({{"text", Check._Text},
-                     {"file", Check._File},
-                     {"line", Check._Line},
-                     {"xmlLine", Check._XmlLine},
-                     {"xmlColumn", Check._XmlColumn},
-                     {"answer", Check._Answer}});
-  return Array;
+  {
+    ioWriter.BeginObject();
+    ioWriter.Member("text", Check._Text);
+    ioWriter.Member("file", Check._File);
+    ioWriter.MemberInt("line", Check._Line);
+    ioWriter.MemberInt("xmlLine", Check._XmlLine);
+    ioWriter.MemberInt("xmlColumn", Check._XmlColumn);
+    ioWriter.MemberInt("answer", Check._Answer);
+    ioWriter.EndObject();
+  }
+  ioWriter.EndArray();
 }
 
-RixsaxJson LastErrorJson(const std::optional<RixsaxErrorRecord>& iError)
+void WriteLastError(RixsaxWriter& ioWriter, const std::optional<RixsaxErrorRecord>& iError)
 {
+  ioWriter.Key("lastError");
   if (!iError)
-    return nullptr;
-  return {{"key", iError->_Key},
-          {"catalog", iError->_Catalog},
-          {"message", iError->_Message},
-          {"file", iError->_File},
-          {"line", iError->_Line}};
+  {
+    ioWriter.Null();
+    return;
+  }
+  ioWriter.BeginObject();
+  ioWriter.Member("key", iError->_Key);
+  ioWriter.Member("catalog", iError->_Catalog);
+  ioWriter.Member("message", iError->_Message);
+  ioWriter.Member("file", iError->_File);
+  ioWriter.MemberInt("line", iError->_Line);
+  ioWriter.EndObject();
 }
 
-RixsaxJson CallbackFailuresJson(const MabRixBoundedList<KelSAXCallbackFailure>& iFailures)
+void WriteCallbackFailures(RixsaxWriter& ioWriter, const MabRixBoundedList<KelSAXCallbackFailure>& iFailures)
 {
-  RixsaxJson Array = RixsaxJson::array();
+  ioWriter.Key("callbackFailures");
+  ioWriter.BeginArray();
   for (const KelSAXCallbackFailure& Failure : iFailures)
-    Array.push_back({{"result", RixsaxResultText(Failure._Result)},
-                     {"event", Failure._Event},
-                     {"element", RixsaxToJson(Failure._Element)},
-                     {"xmlLine", Failure._Line},
-                     {"xmlColumn", Failure._Column}});
-  return Array;
+  {
+    ioWriter.BeginObject();
+    ioWriter.Member("result", RixsaxResultText(Failure._Result));
+    ioWriter.Member("event", Failure._Event);
+    ioWriter.Member("element", Failure._Element);
+    ioWriter.MemberInt("xmlLine", Failure._Line);
+    ioWriter.MemberInt("xmlColumn", Failure._Column);
+    ioWriter.EndObject();
+  }
+  ioWriter.EndArray();
 }
 
-RixsaxJson ParseErrorJson(const std::optional<KelSAXParseError>& iError)
+void WriteParseError(RixsaxWriter& ioWriter, const std::optional<KelSAXParseError>& iError)
 {
+  ioWriter.Key("parseError");
   if (!iError)
-    return nullptr;
-  return {{"message", RixsaxToJson(iError->_Message)}, {"xmlLine", iError->_Line}, {"xmlColumn", iError->_Column}};
+  {
+    ioWriter.Null();
+    return;
+  }
+  ioWriter.BeginObject();
+  ioWriter.Member("message", iError->_Message);
+  ioWriter.MemberInt("xmlLine", iError->_Line);
+  ioWriter.MemberInt("xmlColumn", iError->_Column);
+  ioWriter.EndObject();
 }
 
-RixsaxJson TraceJson(const MabRixBoundedList<RixsaxTraceRecord>& iTrace)
+void WriteTrace(RixsaxWriter& ioWriter, const MabRixBoundedList<RixsaxTraceRecord>& iTrace)
 {
-  RixsaxJson Array = RixsaxJson::array();
+  ioWriter.Key("trace");
+  ioWriter.BeginArray();
   for (const RixsaxTraceRecord& Change : iTrace)
-    Array.push_back({{"handler", Change._Handler},
-                     {"element", Change._Element},
-                     {"xmlLine", Change._XmlLine},
-                     {"xmlColumn", Change._XmlColumn}});
-  return Array;
+  {
+    ioWriter.BeginObject();
+    ioWriter.Member("handler", Change._Handler);
+    ioWriter.Member("element", Change._Element);
+    ioWriter.MemberInt("xmlLine", Change._XmlLine);
+    ioWriter.MemberInt("xmlColumn", Change._XmlColumn);
+    ioWriter.EndObject();
+  }
+  ioWriter.EndArray();
 }
 }  // namespace
 
-RixsaxJson RixsaxStepJson(const RixsaxStepRecord& iStep, bool iTrace)
+void RixsaxWriteStep(RixsaxWriter& ioWriter, const RixsaxStepRecord& iStep, bool iTrace)
 {
-  RixsaxJson Json = RixsaxJson::object();
-  Json["handler"] = iStep._pEntry->_ClassName;
-  Json["file"] = iStep._File;
-  Json["result"] = RixsaxResultText(iStep._Result);
-  RixsaxJson Values = RixsaxJson::array();
+  ioWriter.BeginObject();
+  ioWriter.Member("handler", iStep._pEntry->_ClassName);
+  ioWriter.Member("file", iStep._File);
+  ioWriter.Member("result", RixsaxResultText(iStep._Result));
+  ioWriter.Key("values");
+  ioWriter.BeginArray();
   for (const MabIRixValue_var& Value : iStep._Values)
-    Values.push_back(RixsaxValueJson(Value));
-  Json["values"] = std::move(Values);
-  Json["response"] = RixsaxResponseJson(iStep._spResponse);
-  Json["checks"] = ChecksJson(iStep._Checks);
-  Json["lastError"] = LastErrorJson(iStep._LastError);
-  Json["callbackFailures"] = CallbackFailuresJson(iStep._CallbackFailures);
-  Json["parseError"] = ParseErrorJson(iStep._ParseError);
+    RixsaxWriteValue(ioWriter, Value);
+  ioWriter.EndArray();
+  ioWriter.Key("response");
+  RixsaxWriteResponse(ioWriter, iStep._spResponse);
+  WriteChecks(ioWriter, iStep._Checks);
+  WriteLastError(ioWriter, iStep._LastError);
+  WriteCallbackFailures(ioWriter, iStep._CallbackFailures);
+  WriteParseError(ioWriter, iStep._ParseError);
   if (iTrace)
-    Json["trace"] = TraceJson(iStep._Trace);
+    WriteTrace(ioWriter, iStep._Trace);
   if (iStep._HostError)
-    Json["hostError"] = {{"kind", iStep._HostError->_Kind},
-                         {"message", iStep._HostError->_Message},
-                         {"xmlLine", iStep._HostError->_XmlLine},
-                         {"xmlColumn", iStep._HostError->_XmlColumn}};
-  return Json;
+  {
+    ioWriter.Key("hostError");
+    ioWriter.BeginObject();
+    ioWriter.Member("kind", iStep._HostError->_Kind);
+    ioWriter.Member("message", iStep._HostError->_Message);
+    ioWriter.MemberInt("xmlLine", iStep._HostError->_XmlLine);
+    ioWriter.MemberInt("xmlColumn", iStep._HostError->_XmlColumn);
+    ioWriter.EndObject();
+  }
+  ioWriter.EndObject();
 }
 
-RixsaxJson RixsaxRunJson(const std::vector<RixsaxStepRecord>& iSteps, RixsaxSession& iSession)
+void RixsaxWriteRunStart(RixsaxWriter& ioWriter)
 {
-  RixsaxJson Json = RixsaxJson::object();
-  RixsaxJson Responses = RixsaxJson::array();
-  for (const RixsaxStepRecord& Step : iSteps)
-    Responses.push_back(RixsaxStepJson(Step, iSession.Options()._Trace));
-  Json["responses"] = std::move(Responses);
+  ioWriter.BeginObject();
+  ioWriter.Key("responses");
+  ioWriter.BeginArray();
+}
+
+void RixsaxWriteRunEnd(RixsaxWriter& ioWriter, const RixsaxSession& iSession)
+{
+  ioWriter.EndArray();
   if (const MabRixTNRObjectContext* pContext = iSession.UsedTNRContext())
-    Json["tnrContext"] = RixsaxTNRContextJson(*pContext);
+  {
+    ioWriter.Key("tnrContext");
+    RixsaxWriteTNRContext(ioWriter, *pContext);
+  }
   if (const MabRixCADObjectContext* pContext = iSession.UsedCADContext())
-    Json["cadContext"] = RixsaxCADContextJson(*pContext);
-  return Json;
+  {
+    ioWriter.Key("cadContext");
+    RixsaxWriteCADContext(ioWriter, *pContext);
+  }
+  ioWriter.EndObject();
 }

@@ -4,6 +4,7 @@
 
 #include "MabRixResponseReader.h"
 #include "RixsaxContextJson.h"
+#include "RixsaxProgressInput.h"
 #include "RixsaxRegistry.h"
 #include "RixsaxSession.h"
 #include "RixsaxValueJson.h"
@@ -35,6 +36,17 @@ RixsaxContextCounts CountContexts(RixsaxSession& iSession, unsigned iContexts,
   return Counts;
 }
 
+// The objects the run's contexts hold so far, for the progress line.
+std::size_t ObjectsSoFar(const RixsaxSession& iSession)
+{
+  std::size_t Objects = 0;
+  if (const MabRixObjectContext* pContext = iSession.UsedTNRContext())
+    Objects += pContext->GetObjects().size();
+  if (const MabRixObjectContext* pContext = iSession.UsedCADContext())
+    Objects += pContext->GetObjects().size();
+  return Objects;
+}
+
 // Traces name the root after rixsax's command layer, as they always have:
 // scripts compare them.
 void NameRoot(MabRixBoundedList<RixsaxTraceRecord>& ioTrace)
@@ -58,7 +70,11 @@ RixsaxStepRecord RixsaxRunStep(RixsaxSession& ioSession, const RixsaxHandlerEntr
       [pEntry, &ioSession](MabRixSAXHandlerBase& iRoot) { return pEntry->_Factory(iRoot, ioSession); }, ReaderOptions);
 
   RixsaxStepRecord Record;
-  static_cast<MabRixReadResult&>(Record) = iFile == "-" ? Reader.ReadStream(std::cin) : Reader.ReadFile(iFile);
+  if (const auto spInput = RixsaxProgressInput::Open(iFile, Options._Progress,
+                                                     [&ioSession] { return ObjectsSoFar(ioSession); }))
+    static_cast<MabRixReadResult&>(Record) = Reader.ReadStream(spInput->Stream());
+  else
+    static_cast<MabRixReadResult&>(Record) = iFile == "-" ? Reader.ReadStream(std::cin) : Reader.ReadFile(iFile);
   Record._pEntry = &iEntry;
   Record._File = iFile;
   NameRoot(Record._Trace);

@@ -4,21 +4,31 @@
 #include "RixsaxRegistry.h"
 #include "RixsaxValueJson.h"
 
-std::string RixsaxSummary(const std::vector<RixsaxStepRecord>& iSteps)
+std::string RixsaxSummaryLine(const RixsaxStepRecord& iStep)
 {
-  std::string Text;
-  for (const RixsaxStepRecord& Step : iSteps)
+  std::size_t Entries = 0;
+  for (const MabIRixValue_var& Value : iStep._Values)
+    Entries += RixsaxValueEntryCount(Value);
+  const RixsaxContextCounts& Counts = iStep._ContextCounts;
+  std::string Text = std::string(iStep._pEntry->_Name) + " " + iStep._File + ": result " +
+                     RixsaxResultText(iStep._Result) + (FAILED(iStep._Result) ? " (failed)" : "") + ", values " +
+                     std::to_string(iStep._Values.size()) + ", checks " + std::to_string(iStep._Checks.Total()) +
+                     ", failed callbacks " + std::to_string(iStep._CallbackFailures.Total()) + ", objects " +
+                     std::to_string(Counts._Objects) + ", major objects " + std::to_string(Counts._MajorObjects) +
+                     ", minor objects " + std::to_string(Counts._MinorObjects) + ", relationships " +
+                     std::to_string(Counts._Relationships) + ", relations " + std::to_string(Counts._Relations) +
+                     ", entries " + std::to_string(Entries);
+  if (iStep._ParseError)
   {
-    std::size_t Entries = 0;
-    for (const MabIRixValue_var& Value : Step._Values)
-      Entries += RixsaxValueEntryCount(Value);
-    const RixsaxContextCounts& Counts = Step._ContextCounts;
-    Text += std::string(Step._pEntry->_Name) + " " + Step._File + ": result " + RixsaxResultText(Step._Result) +
-            ", values " + std::to_string(Step._Values.size()) + ", checks " + std::to_string(Step._Checks.size()) +
-            ", objects " + std::to_string(Counts._Objects) + ", major objects " + std::to_string(Counts._MajorObjects) +
-            ", minor objects " + std::to_string(Counts._MinorObjects) + ", relationships " +
-            std::to_string(Counts._Relationships) + ", relations " + std::to_string(Counts._Relations) + ", entries " +
-            std::to_string(Entries) + "\n";
+    Text += "; parse error";
+    if (iStep._ParseError->_Line > 0)
+      Text += " at " + std::to_string(iStep._ParseError->_Line) + ":" + std::to_string(iStep._ParseError->_Column);
+    Text += ": " + iStep._ParseError->_Message.ToUtf8();
   }
-  return Text;
+  if (iStep._HostError)
+    Text += "; " + iStep._HostError->_Kind + " at " + std::to_string(iStep._HostError->_XmlLine) + ":" +
+            std::to_string(iStep._HostError->_XmlColumn) + ": " + iStep._HostError->_Message;
+  if (!iStep._Started && !iStep._HostError && !iStep._ParseError)
+    Text += "; the handler never started";
+  return Text + "\n";
 }

@@ -21,6 +21,7 @@
 #include "MabRixWorkspaceListQueryResultValue.h"
 #include "MabRixWorkspaceVaultListQueryResultValue.h"
 #include "RixsaxContextJson.h"
+#include "RixsaxJsonBasics.h"
 
 namespace
 {
@@ -28,7 +29,7 @@ namespace
 struct ValueWriter
 {
   std::string_view _ClassName;
-  std::function<void(const KelBaseUnknown& iValue, RixsaxJson& oJson)> _Write;
+  std::function<void(const KelBaseUnknown& iValue, RixsaxWriter& ioWriter)> _Write;
   std::function<std::size_t(const KelBaseUnknown& iValue)> _Count;
 };
 
@@ -36,69 +37,101 @@ template <class C, class Write, class Count>
 ValueWriter Writer(std::string_view iClassName, Write iWrite, Count iCount)
 {
   return {iClassName,
-          [iWrite](const KelBaseUnknown& iValue, RixsaxJson& oJson) { iWrite(dynamic_cast<const C&>(iValue), oJson); },
+          [iWrite](const KelBaseUnknown& iValue, RixsaxWriter& ioWriter) {
+            iWrite(dynamic_cast<const C&>(iValue), ioWriter);
+          },
           [iCount](const KelBaseUnknown& iValue) { return iCount(dynamic_cast<const C&>(iValue)); }};
 }
 
-RixsaxJson TemplateJson(const MabRixTemplateDetails& iTemplate)
+void WriteTemplate(RixsaxWriter& ioWriter, const MabRixTemplateDetails& iTemplate)
 {
-  return {{"name", RixsaxToJson(iTemplate._Name)},         {"oid", RixsaxToJson(iTemplate._OID)},
-          {"type", RixsaxToJson(iTemplate._Type)},         {"revision", RixsaxToJson(iTemplate._Revision)},
-          {"fileName", RixsaxToJson(iTemplate._FileName)}, {"format", RixsaxToJson(iTemplate._Format)}};
+  ioWriter.BeginObject();
+  ioWriter.Member("name", iTemplate._Name);
+  ioWriter.Member("oid", iTemplate._OID);
+  ioWriter.Member("type", iTemplate._Type);
+  ioWriter.Member("revision", iTemplate._Revision);
+  ioWriter.Member("fileName", iTemplate._FileName);
+  ioWriter.Member("format", iTemplate._Format);
+  ioWriter.EndObject();
 }
 
-RixsaxJson WorkspaceJson(const MabRixWorkspaceDetails& iWorkspace)
+void WriteWorkspace(RixsaxWriter& ioWriter, const MabRixWorkspaceDetails& iWorkspace)
 {
-  return {{"rowId", RixsaxToJson(iWorkspace._RowID)},
-          {"name", RixsaxToJson(iWorkspace._Name)},
-          {"oid", RixsaxToJson(iWorkspace._OID)},
-          {"type", RixsaxToJson(iWorkspace._Type)},
-          {"revision", RixsaxToJson(iWorkspace._Revision)}};
+  ioWriter.BeginObject();
+  ioWriter.Member("rowId", iWorkspace._RowID);
+  ioWriter.Member("name", iWorkspace._Name);
+  ioWriter.Member("oid", iWorkspace._OID);
+  ioWriter.Member("type", iWorkspace._Type);
+  ioWriter.Member("revision", iWorkspace._Revision);
+  ioWriter.EndObject();
 }
 
-RixsaxJson VaultJson(const MabRixVaultDetails& iVault)
+void WriteVault(RixsaxWriter& ioWriter, const MabRixVaultDetails& iVault)
 {
-  return {{"rowId", RixsaxToJson(iVault._RowID)}, {"name", RixsaxToJson(iVault._Name)},
-          {"oid", RixsaxToJson(iVault._OID)},     {"parentId", RixsaxToJson(iVault._ParentID)},
-          {"type", RixsaxToJson(iVault._Type)},   {"revision", RixsaxToJson(iVault._Revision)}};
+  ioWriter.BeginObject();
+  ioWriter.Member("rowId", iVault._RowID);
+  ioWriter.Member("name", iVault._Name);
+  ioWriter.Member("oid", iVault._OID);
+  ioWriter.Member("parentId", iVault._ParentID);
+  ioWriter.Member("type", iVault._Type);
+  ioWriter.Member("revision", iVault._Revision);
+  ioWriter.EndObject();
 }
 
-RixsaxJson UIElementJson(const MabRixUIElementID& iElement)
+void WriteUIElement(RixsaxWriter& ioWriter, const MabRixUIElementID& iElement)
 {
-  return {{"kind", RixsaxToJson(iElement._Kind)},
-          {"name", RixsaxToJson(iElement._Name)},
-          {"system", iElement._IsSystem != 0}};
+  ioWriter.BeginObject();
+  ioWriter.Member("kind", iElement._Kind);
+  ioWriter.Member("name", iElement._Name);
+  ioWriter.MemberBool("system", iElement._IsSystem != 0);
+  ioWriter.EndObject();
 }
 
 template <class T>
-RixsaxJson OptionalJson(const std::optional<T>& iValue)
+void WriteOptional(RixsaxWriter& ioWriter, std::string_view iKey, const std::optional<T>& iValue)
 {
-  return iValue ? RixsaxToJson(*iValue) : RixsaxJson(nullptr);
+  ioWriter.Key(iKey);
+  if (iValue)
+    RixsaxWrite(ioWriter, *iValue);
+  else
+    ioWriter.Null();
 }
 
-RixsaxJson PropertiesJson(const std::vector<MabRixSavedQueryRecord::Property>& iProperties)
+void WriteProperties(RixsaxWriter& ioWriter, std::string_view iKey,
+                     const std::vector<MabRixSavedQueryRecord::Property>& iProperties)
 {
-  RixsaxJson Array = RixsaxJson::array();
+  ioWriter.Key(iKey);
+  ioWriter.BeginArray();
   for (const MabRixSavedQueryRecord::Property& Property : iProperties)
-    Array.push_back({{"name", RixsaxToJson(Property._Name)}, {"value", RixsaxToJson(Property._Value)}});
-  return Array;
+  {
+    ioWriter.BeginObject();
+    ioWriter.Member("name", Property._Name);
+    ioWriter.Member("value", Property._Value);
+    ioWriter.EndObject();
+  }
+  ioWriter.EndArray();
 }
 
 // The host's record; another record class is shown as null.
-RixsaxJson SavedQueryRecordJson(const MabIRixSavedQueryRecord* ipRecord)
+void WriteSavedQueryRecord(RixsaxWriter& ioWriter, const MabIRixSavedQueryRecord* ipRecord)
 {
   const MabRixSavedQueryRecord* pRecord = KelImplCast<const MabRixSavedQueryRecord>(ipRecord);
   if (!pRecord)
-    return nullptr;
-  return {{"name", OptionalJson(pRecord->_Name)},
-          {"description", OptionalJson(pRecord->_Description)},
-          {"criteriaName", OptionalJson(pRecord->_CriteriaName)},
-          {"criteriaRevision", OptionalJson(pRecord->_CriteriaRevision)},
-          {"criteriaOwner", OptionalJson(pRecord->_CriteriaOwner)},
-          {"criteriaTypes", OptionalJson(pRecord->_CriteriaTypes)},
-          {"criteriaVaults", OptionalJson(pRecord->_CriteriaVaults)},
-          {"basicProperties", PropertiesJson(pRecord->_BasicProperties)},
-          {"properties", PropertiesJson(pRecord->_Properties)}};
+  {
+    ioWriter.Null();
+    return;
+  }
+  ioWriter.BeginObject();
+  WriteOptional(ioWriter, "name", pRecord->_Name);
+  WriteOptional(ioWriter, "description", pRecord->_Description);
+  WriteOptional(ioWriter, "criteriaName", pRecord->_CriteriaName);
+  WriteOptional(ioWriter, "criteriaRevision", pRecord->_CriteriaRevision);
+  WriteOptional(ioWriter, "criteriaOwner", pRecord->_CriteriaOwner);
+  WriteOptional(ioWriter, "criteriaTypes", pRecord->_CriteriaTypes);
+  WriteOptional(ioWriter, "criteriaVaults", pRecord->_CriteriaVaults);
+  WriteProperties(ioWriter, "basicProperties", pRecord->_BasicProperties);
+  WriteProperties(ioWriter, "properties", pRecord->_Properties);
+  ioWriter.EndObject();
 }
 
 template <class C>
@@ -112,38 +145,52 @@ const std::vector<ValueWriter>& Writers()
   static const std::vector<ValueWriter> Table = {
       Writer<MabRixStringValue>(
           "MabRixStringValue",
-          [](const MabRixStringValue& iValue, RixsaxJson& oJson) { oJson["string"] = RixsaxToJson(iValue._Value); },
+          [](const MabRixStringValue& iValue, RixsaxWriter& ioWriter) { ioWriter.Member("string", iValue._Value); },
           NoEntries<MabRixStringValue>),
       Writer<MabRixBooleanValue>(
           "MabRixBooleanValue",
-          [](const MabRixBooleanValue& iValue, RixsaxJson& oJson) { oJson["boolean"] = iValue._Value != 0; },
+          [](const MabRixBooleanValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.MemberBool("boolean", iValue._Value != 0);
+          },
           NoEntries<MabRixBooleanValue>),
       Writer<MabRixStringListValue>(
           "MabRixStringListValue",
-          [](const MabRixStringListValue& iValue, RixsaxJson& oJson) { oJson["list"] = RixsaxToJson(iValue._Value); },
+          [](const MabRixStringListValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("list");
+            RixsaxWrite(ioWriter, iValue._Value);
+          },
           [](const MabRixStringListValue& iValue) { return static_cast<std::size_t>(iValue._Value.Size()); }),
       Writer<MabRixStringMapValue>(
           "MabRixStringMapValue",
-          [](const MabRixStringMapValue& iValue, RixsaxJson& oJson) { oJson["map"] = RixsaxToJson(iValue._Value); },
+          [](const MabRixStringMapValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("map");
+            RixsaxWrite(ioWriter, iValue._Value);
+          },
           [](const MabRixStringMapValue& iValue) { return static_cast<std::size_t>(iValue._Value.Size()); }),
       Writer<MabRixStringListMapValue>(
           "MabRixStringListMapValue",
-          [](const MabRixStringListMapValue& iValue, RixsaxJson& oJson) { oJson["map"] = RixsaxToJson(iValue._Value); },
+          [](const MabRixStringListMapValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("map");
+            RixsaxWrite(ioWriter, iValue._Value);
+          },
           [](const MabRixStringListMapValue& iValue) { return static_cast<std::size_t>(iValue._Value.Size()); }),
       Writer<MabRixAttributeValue>(
           "MabRixAttributeValue",
-          [](const MabRixAttributeValue& iValue, RixsaxJson& oJson) {
-            oJson["name"] = RixsaxToJson(iValue._Name);
-            oJson["enforced"] = iValue._Enforced != 0;
-            oJson["value"] = RixsaxValueJson(iValue._Value);
+          [](const MabRixAttributeValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Member("name", iValue._Name);
+            ioWriter.MemberBool("enforced", iValue._Enforced != 0);
+            ioWriter.Key("value");
+            RixsaxWriteValue(ioWriter, iValue._Value);
           },
           [](const MabRixAttributeValue& iValue) { return RixsaxValueEntryCount(iValue._Value); }),
       Writer<MabRixObjectAttributeValue>(
           "MabRixObjectAttributeValue",
-          [](const MabRixObjectAttributeValue& iValue, RixsaxJson& oJson) {
-            oJson["previewPath"] = RixsaxToJson(iValue._PreviewPath.GetString());
-            oJson["elementValues"] = RixsaxToJson(iValue._ElementValues);
-            oJson["attributes"] = RixsaxToJson(iValue._Attributes);
+          [](const MabRixObjectAttributeValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Member("previewPath", iValue._PreviewPath.GetString());
+            ioWriter.Key("elementValues");
+            RixsaxWrite(ioWriter, iValue._ElementValues);
+            ioWriter.Key("attributes");
+            RixsaxWrite(ioWriter, iValue._Attributes);
           },
           [](const MabRixObjectAttributeValue& iValue) {
             return static_cast<std::size_t>(iValue._ElementValues.Size() + iValue._Attributes.Size());
@@ -152,41 +199,53 @@ const std::vector<ValueWriter>& Writers()
       // with the objects, not as entries.
       Writer<MabRixCustomQueryResultValue>(
           "MabRixCustomQueryResultValue",
-          [](const MabRixCustomQueryResultValue& iValue, RixsaxJson& oJson) {
-            const MabRixTNRObjectContext* pContext = iValue.GetObjectContext();
-            oJson["context"] = pContext ? RixsaxTNRContextJson(*pContext) : RixsaxJson(nullptr);
+          [](const MabRixCustomQueryResultValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("context");
+            if (const MabRixTNRObjectContext* pContext = iValue.GetObjectContext())
+              RixsaxWriteTNRContext(ioWriter, *pContext);
+            else
+              ioWriter.Null();
           },
           NoEntries<MabRixCustomQueryResultValue>),
       Writer<MabRixTemplateQueryResultValue>(
           "MabRixTemplateQueryResultValue",
-          [](const MabRixTemplateQueryResultValue& iValue, RixsaxJson& oJson) {
-            oJson["templates"] = RixsaxToJson(iValue._Value, TemplateJson);
+          [](const MabRixTemplateQueryResultValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("templates");
+            RixsaxWrite(ioWriter, iValue._Value, WriteTemplate);
           },
           [](const MabRixTemplateQueryResultValue& iValue) { return static_cast<std::size_t>(iValue._Value.Size()); }),
       Writer<MabRixWorkspaceListQueryResultValue>(
           "MabRixWorkspaceListQueryResultValue",
-          [](const MabRixWorkspaceListQueryResultValue& iValue, RixsaxJson& oJson) {
-            oJson["workspaces"] = RixsaxToJson(iValue._WorkspaceDetails, WorkspaceJson);
-            oJson["names"] = RixsaxToJson(iValue._WorkspaceOIDs);
+          [](const MabRixWorkspaceListQueryResultValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("workspaces");
+            RixsaxWrite(ioWriter, iValue._WorkspaceDetails, WriteWorkspace);
+            ioWriter.Key("names");
+            RixsaxWrite(ioWriter, iValue._WorkspaceOIDs);
           },
           [](const MabRixWorkspaceListQueryResultValue& iValue) {
             return static_cast<std::size_t>(iValue._WorkspaceDetails.Size());
           }),
       Writer<MabRixWorkspaceVaultListQueryResultValue>(
           "MabRixWorkspaceVaultListQueryResultValue",
-          [](const MabRixWorkspaceVaultListQueryResultValue& iValue, RixsaxJson& oJson) {
-            oJson["vaults"] = RixsaxToJson(iValue._VaultDetails, VaultJson);
-            oJson["oids"] = RixsaxToJson(iValue._VaultOIDs);
+          [](const MabRixWorkspaceVaultListQueryResultValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("vaults");
+            RixsaxWrite(ioWriter, iValue._VaultDetails, WriteVault);
+            ioWriter.Key("oids");
+            RixsaxWrite(ioWriter, iValue._VaultOIDs);
           },
           [](const MabRixWorkspaceVaultListQueryResultValue& iValue) {
             return static_cast<std::size_t>(iValue._VaultDetails.Size());
           }),
       Writer<MabRixSavedQueryResultValue>(
           "MabRixSavedQueryResultValue",
-          [](const MabRixSavedQueryResultValue& iValue, RixsaxJson& oJson) {
-            oJson["id"] = {{"name", RixsaxToJson(iValue._SavedQueryID._Name)},
-                           {"description", RixsaxToJson(iValue._SavedQueryID._Description)}};
-            oJson["record"] = SavedQueryRecordJson(iValue.GetQueryRecord());
+          [](const MabRixSavedQueryResultValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("id");
+            ioWriter.BeginObject();
+            ioWriter.Member("name", iValue._SavedQueryID._Name);
+            ioWriter.Member("description", iValue._SavedQueryID._Description);
+            ioWriter.EndObject();
+            ioWriter.Key("record");
+            WriteSavedQueryRecord(ioWriter, iValue.GetQueryRecord());
           },
           [](const MabRixSavedQueryResultValue& iValue) {
             const MabRixSavedQueryRecord* pRecord = KelImplCast<const MabRixSavedQueryRecord>(iValue.GetQueryRecord());
@@ -194,12 +253,14 @@ const std::vector<ValueWriter>& Writers()
           }),
       Writer<MabRixUIElementQueryResultValue>(
           "MabRixUIElementQueryResultValue",
-          [](const MabRixUIElementQueryResultValue& iValue, RixsaxJson& oJson) {
-            RixsaxJson Elements = RixsaxJson::array();
+          [](const MabRixUIElementQueryResultValue& iValue, RixsaxWriter& ioWriter) {
+            ioWriter.Key("elements");
+            ioWriter.BeginArray();
             for (const MabRixUIElementID& Element : iValue._UIElementIDs)
-              Elements.push_back(UIElementJson(Element));
-            oJson["elements"] = std::move(Elements);
-            oJson["defaults"] = RixsaxToJson(iValue._DefaultUIElementIDs, UIElementJson);
+              WriteUIElement(ioWriter, Element);
+            ioWriter.EndArray();
+            ioWriter.Key("defaults");
+            RixsaxWrite(ioWriter, iValue._DefaultUIElementIDs, WriteUIElement);
           },
           [](const MabRixUIElementQueryResultValue& iValue) {
             return static_cast<std::size_t>(iValue._UIElementIDs.Size());
@@ -220,16 +281,19 @@ const ValueWriter* FindWriter(const KelBaseUnknown& iValue)
 }
 }  // namespace
 
-RixsaxJson RixsaxValueJson(const MabIRixValue_var& iValue)
+void RixsaxWriteValue(RixsaxWriter& ioWriter, const MabIRixValue_var& iValue)
 {
   if (!iValue)
-    return nullptr;
+  {
+    ioWriter.Null();
+    return;
+  }
   const KelBaseUnknown& Value = *iValue->GetImpl();
-  RixsaxJson Json = RixsaxJson::object();
-  Json["class"] = Value.IsA();
+  ioWriter.BeginObject();
+  ioWriter.Member("class", Value.IsA());
   if (const ValueWriter* pWriter = FindWriter(Value))
-    pWriter->_Write(Value, Json);
-  return Json;
+    pWriter->_Write(Value, ioWriter);
+  ioWriter.EndObject();
 }
 
 std::size_t RixsaxValueEntryCount(const MabIRixValue_var& iValue)
@@ -248,19 +312,22 @@ const MabRixTNRObjectContext* RixsaxValueContext(const MabIRixValue_var& iValue)
   return pValue ? pValue->GetObjectContext() : nullptr;
 }
 
-RixsaxJson RixsaxResponseJson(const MabIRixResponse_var& iResponse)
+void RixsaxWriteResponse(RixsaxWriter& ioWriter, const MabIRixResponse_var& iResponse)
 {
   if (!iResponse)
-    return nullptr;
-  RixsaxJson Json = RixsaxJson::object();
-  Json["class"] = iResponse->GetImpl()->IsA();
-  Json["commandName"] = RixsaxToJson(iResponse->GetCommandName());
+  {
+    ioWriter.Null();
+    return;
+  }
+  ioWriter.BeginObject();
+  ioWriter.Member("class", iResponse->GetImpl()->IsA());
+  ioWriter.Member("commandName", iResponse->GetCommandName());
   if (const MabIRixFailureResponse_var spFailure(iResponse); !!spFailure)
   {
-    Json["errorCode"] = RixsaxToJson(spFailure->GetErrorCode());
-    Json["reason"] = RixsaxToJson(spFailure->GetReason());
+    ioWriter.Member("errorCode", spFailure->GetErrorCode());
+    ioWriter.Member("reason", spFailure->GetReason());
   }
-  Json["success"] = iResponse->Success() != 0;
-  Json["request"] = iResponse->Request() != 0;
-  return Json;
+  ioWriter.MemberBool("success", iResponse->Success() != 0);
+  ioWriter.MemberBool("request", iResponse->Request() != 0);
+  ioWriter.EndObject();
 }

@@ -1,6 +1,7 @@
-// JSON of the values handlers hand to the command layer, and of the failure
-// response. A value is an object with its class (the IsA name) and its
-// content; a class rixsax does not know is written with its class only.
+// The values handlers hand to the command layer, and the failure response,
+// written through a RixsaxWriter. A value is an object with its class (the
+// IsA name) and its content; a class rixsax does not know is written with
+// its class only.
 #ifndef RixsaxValueJson_h
 #define RixsaxValueJson_h
 
@@ -8,12 +9,12 @@
 
 #include "MabIRixResponse.h"
 #include "MabIRixValue.h"
-#include "RixsaxJsonBasics.h"
+#include "RixsaxWriter.h"
 
 class MabRixTNRObjectContext;
 
 // null for a null value.
-RixsaxJson RixsaxValueJson(const MabIRixValue_var& iValue);
+void RixsaxWriteValue(RixsaxWriter& ioWriter, const MabIRixValue_var& iValue);
 // Number of entries a value holds (items of a list, entries of a map, rows
 // of a query result); 0 for a scalar.
 std::size_t RixsaxValueEntryCount(const MabIRixValue_var& iValue);
@@ -21,6 +22,6 @@ std::size_t RixsaxValueEntryCount(const MabIRixValue_var& iValue);
 // for every other value.
 const MabRixTNRObjectContext* RixsaxValueContext(const MabIRixValue_var& iValue);
 // null for a null response.
-RixsaxJson RixsaxResponseJson(const MabIRixResponse_var& iResponse);
+void RixsaxWriteResponse(RixsaxWriter& ioWriter, const MabIRixResponse_var& iResponse);
 
 #endif
