@@ -56,7 +56,7 @@ std::string JsonLine(const RixsaxStepRecord& iStep, int iStatus)
     Writer.Member("outcome", StatusWord(iStatus));
     Writer.MemberInt("status", iStatus);
     Writer.Member("result", RixsaxResultText(iStep._Result));
-    Writer.MemberInt("values", static_cast<std::int64_t>(iStep._Values.size()));
+    Writer.MemberInt("values", static_cast<std::int64_t>(iStep._Values.Total()));
     Writer.MemberInt("checks", static_cast<std::int64_t>(iStep._Checks.Total()));
     Writer.MemberInt("failedCallbacks", static_cast<std::int64_t>(iStep._CallbackFailures.Total()));
     Writer.MemberInt("objects", static_cast<std::int64_t>(Counts._Objects));

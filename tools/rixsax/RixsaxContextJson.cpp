@@ -1,7 +1,8 @@
 #include "RixsaxContextJson.h"
 
 #include <algorithm>
-#include <tuple>
+#include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "MabRixCADObjectContext.h"
@@ -56,47 +57,71 @@ void WriteMinorContent(RixsaxWriter& ioWriter, const MabERixMinorObject& iMinor)
   RixsaxWrite(ioWriter, iMinor._ElementValues);
 }
 
-typedef std::tuple<std::string_view, std::string_view, std::string_view> EntityKey;
-
-EntityKey MinorKey(const MabERixMinorObject* ipMinor)
+// Entities found by a key without a map: one 64-bit word per entity, the
+// key's 32-bit hash above its index in the context's list, sorted. The
+// entities of a key are among those of its hash, in creation order; a
+// lookup compares the keys of those few only.
+class HashIndex
 {
-  return {ipMinor->GetKeyType().View(), ipMinor->GetKeyName().View(), ipMinor->GetKeyRevision().View()};
+public:
+  template <class Entity, class HashOf>
+  HashIndex(const std::vector<KelVar<Entity>>& iEntities, HashOf iHashOf)
+  {
+    _Words.reserve(iEntities.size());
+    for (std::size_t i = 0; i < iEntities.size(); ++i)
+      _Words.push_back((static_cast<std::uint64_t>(iHashOf(*iEntities[i])) << 32) | i);
+    std::sort(_Words.begin(), _Words.end());
+  }
+
+  // Calls iVisit(index) for each entity of the hash, in creation order.
+  template <class Visit>
+  void ForEach(std::uint32_t iHash, Visit iVisit) const
+  {
+    const std::uint64_t First = static_cast<std::uint64_t>(iHash) << 32;
+    for (auto It = std::lower_bound(_Words.begin(), _Words.end(), First); It != _Words.end() && (*It >> 32) == iHash;
+         ++It)
+      iVisit(static_cast<std::size_t>(*It & 0xFFFFFFFFu));
+  }
+
+private:
+  std::vector<std::uint64_t> _Words;
+};
+
+std::uint32_t Hash(std::string_view iText, std::size_t iSeed = 0)
+{
+  const std::size_t Value = std::hash<std::string_view>()(iText) ^ (iSeed * 0x9E3779B97F4A7C15ull);
+  return static_cast<std::uint32_t>(Value ^ (Value >> 32));
 }
 
-EntityKey MajorKey(const MabERixMajorObject* ipMajor)
+std::uint32_t KeyHash(std::string_view iType, std::string_view iName, std::string_view iRevision)
 {
-  const MabERixObject* pObject = ipMajor->GetOwnerObject();
-  return {pObject->GetKeyType().View(), pObject->GetKeyName().View(), ipMajor->GetKeyRevision().View()};
+  return Hash(iRevision, Hash(iName, Hash(iType)));
 }
 
-// Entities sorted by a key, creation order kept among equal keys: the
-// entities of one key are an equal_range, in the order they were created.
-template <class Entity, class KeyOf>
-std::vector<const Entity*> SortedBy(const std::vector<KelVar<Entity>>& iEntities, KeyOf iKeyOf)
+std::uint32_t OwnerHash(const MabERixObject* ipObject)
 {
-  std::vector<const Entity*> Sorted;
-  Sorted.reserve(iEntities.size());
-  for (const KelVar<Entity>& spEntity : iEntities)
-    Sorted.push_back(spEntity.Get());
-  std::stable_sort(Sorted.begin(), Sorted.end(),
-                   [&iKeyOf](const Entity* ipLeft, const Entity* ipRight) { return iKeyOf(ipLeft) < iKeyOf(ipRight); });
-  return Sorted;
+  const std::uintptr_t Value = reinterpret_cast<std::uintptr_t>(ipObject);
+  return static_cast<std::uint32_t>((Value >> 4) ^ (Value >> 36));
 }
 
-template <class Entity, class Key, class KeyOf>
-std::pair<typename std::vector<const Entity*>::const_iterator, typename std::vector<const Entity*>::const_iterator>
-FindAll(const std::vector<const Entity*>& iSorted, const Key& iKey, KeyOf iKeyOf)
+// The major objects of each object, by their owner.
+HashIndex MajorsByOwner(const MabRixObjectContext& iContext)
 {
-  const auto Begin =
-      std::lower_bound(iSorted.begin(), iSorted.end(), iKey,
-                       [&iKeyOf](const Entity* ipEntity, const Key& iValue) { return iKeyOf(ipEntity) < iValue; });
-  const auto End = std::upper_bound(Begin, iSorted.end(), iKey, [&iKeyOf](const Key& iValue, const Entity* ipEntity) {
-    return iValue < iKeyOf(ipEntity);
+  return HashIndex(iContext.GetMajorObjects(),
+                   [](const MabERixMajorObject& iMajor) { return OwnerHash(iMajor.GetOwnerObject()); });
+}
+
+// Calls iVisit(major) for each major object of iObject, in creation order.
+template <class Visit>
+void ForEachMajor(const MabRixObjectContext& iContext, const HashIndex& iMajors, const MabERixObject& iObject,
+                  Visit iVisit)
+{
+  iMajors.ForEach(OwnerHash(&iObject), [&](std::size_t iIndex) {
+    const MabERixMajorObject& Major = *iContext.GetMajorObjects()[iIndex];
+    if (Major.GetOwnerObject() == &iObject)
+      iVisit(Major);
   });
-  return {Begin, End};
 }
-
-const MabERixObject* OwnerOf(const MabERixMajorObject* ipMajor) { return ipMajor->GetOwnerObject(); }
 
 void WriteTNRMinor(RixsaxWriter& ioWriter, const MabERixMinorObject& iMinor)
 {
@@ -156,9 +181,12 @@ void WriteObjectStart(RixsaxWriter& ioWriter, const MabERixObject& iObject)
 
 void RixsaxWriteTNRContext(RixsaxWriter& ioWriter, const MabRixTNRObjectContext& iContext)
 {
-  const std::vector<const MabERixMajorObject*> Majors = SortedBy(iContext.GetMajorObjects(), OwnerOf);
+  const HashIndex Majors = MajorsByOwner(iContext);
   // Minor objects by the type, name and revision of their creation.
-  const std::vector<const MabERixMinorObject*> Minors = SortedBy(iContext.GetMinorObjects(), MinorKey);
+  const auto MinorHash = [](const MabERixMinorObject& iMinor) {
+    return KeyHash(iMinor.GetKeyType().View(), iMinor.GetKeyName().View(), iMinor.GetKeyRevision().View());
+  };
+  const HashIndex Minors(iContext.GetMinorObjects(), MinorHash);
 
   ioWriter.BeginObject();
   ioWriter.Key("objects");
@@ -169,21 +197,26 @@ void RixsaxWriteTNRContext(RixsaxWriter& ioWriter, const MabRixTNRObjectContext&
     WriteObjectStart(ioWriter, *Object);
     ioWriter.Key("majors");
     ioWriter.BeginArray();
-    const auto [MajorBegin, MajorEnd] = FindAll(Majors, static_cast<const MabERixObject*>(Object.Get()), OwnerOf);
-    for (auto ppMajor = MajorBegin; ppMajor != MajorEnd; ++ppMajor)
-    {
+    ForEachMajor(iContext, Majors, *Object, [&](const MabERixMajorObject& iMajor) {
       ioWriter.BeginObject();
-      ioWriter.Member("revision", (*ppMajor)->GetKeyRevision());
-      WriteProperties(ioWriter, **ppMajor);
+      ioWriter.Member("revision", iMajor.GetKeyRevision());
+      WriteProperties(ioWriter, iMajor);
       ioWriter.Key("minors");
       ioWriter.BeginArray();
-      const auto [MinorBegin, MinorEnd] = FindAll(Minors, MajorKey(*ppMajor), MinorKey);
-      for (auto ppMinor = MinorBegin; ppMinor != MinorEnd; ++ppMinor)
-        WriteTNRMinor(ioWriter, **ppMinor);
-      Placed += static_cast<std::size_t>(MinorEnd - MinorBegin);
+      const KelUnicodeString& Revision = iMajor.GetKeyRevision();
+      Minors.ForEach(KeyHash(Object->GetKeyType().View(), Object->GetKeyName().View(), Revision.View()),
+                     [&](std::size_t iIndex) {
+                       const MabERixMinorObject& Minor = *iContext.GetMinorObjects()[iIndex];
+                       if (Minor.GetKeyType() == Object->GetKeyType() && Minor.GetKeyName() == Object->GetKeyName() &&
+                           Minor.GetKeyRevision() == Revision)
+                       {
+                         WriteTNRMinor(ioWriter, Minor);
+                         ++Placed;
+                       }
+                     });
       ioWriter.EndArray();
       ioWriter.EndObject();
-    }
+    });
     ioWriter.EndArray();
     ioWriter.EndObject();
   }
@@ -192,12 +225,24 @@ void RixsaxWriteTNRContext(RixsaxWriter& ioWriter, const MabRixTNRObjectContext&
   // shown apart rather than lost.
   if (Placed < iContext.GetMinorObjects().size())
   {
-    const std::vector<const MabERixMajorObject*> MajorsByKey = SortedBy(iContext.GetMajorObjects(), MajorKey);
+    const HashIndex MajorsByKey(iContext.GetMajorObjects(), [](const MabERixMajorObject& iMajor) {
+      const MabERixObject* pObject = iMajor.GetOwnerObject();
+      return KeyHash(pObject->GetKeyType().View(), pObject->GetKeyName().View(), iMajor.GetKeyRevision().View());
+    });
     ioWriter.Key("minorsWithoutMajor");
     ioWriter.BeginArray();
     for (const MabERixMinorObject_var& Minor : iContext.GetMinorObjects())
-      if (const auto Found = FindAll(MajorsByKey, MinorKey(Minor.Get()), MajorKey); Found.first == Found.second)
+    {
+      bool HasMajor = false;
+      MajorsByKey.ForEach(MinorHash(*Minor), [&](std::size_t iIndex) {
+        const MabERixMajorObject& Major = *iContext.GetMajorObjects()[iIndex];
+        HasMajor = HasMajor || (Major.GetOwnerObject()->GetKeyType() == Minor->GetKeyType() &&
+                                Major.GetOwnerObject()->GetKeyName() == Minor->GetKeyName() &&
+                                Major.GetKeyRevision() == Minor->GetKeyRevision());
+      });
+      if (!HasMajor)
         WriteTNRMinor(ioWriter, *Minor);
+    }
     ioWriter.EndArray();
   }
   WriteRelationships(ioWriter, iContext);
@@ -207,11 +252,10 @@ void RixsaxWriteTNRContext(RixsaxWriter& ioWriter, const MabRixTNRObjectContext&
 
 void RixsaxWriteCADContext(RixsaxWriter& ioWriter, const MabRixCADObjectContext& iContext)
 {
-  const std::vector<const MabERixMajorObject*> Majors = SortedBy(iContext.GetMajorObjects(), OwnerOf);
-  const auto ObjectKeyOf = [](const MabERixMinorObject* ipMinor) {
-    return std::make_pair(ipMinor->GetKeyType().View(), ipMinor->GetKeyName().View());
-  };
-  const std::vector<const MabERixMinorObject*> Minors = SortedBy(iContext.GetMinorObjects(), ObjectKeyOf);
+  const HashIndex Majors = MajorsByOwner(iContext);
+  const HashIndex Minors(iContext.GetMinorObjects(), [](const MabERixMinorObject& iMinor) {
+    return KeyHash(iMinor.GetKeyType().View(), iMinor.GetKeyName().View(), "");
+  });
 
   ioWriter.BeginObject();
   ioWriter.Key("objects");
@@ -227,27 +271,29 @@ void RixsaxWriteCADContext(RixsaxWriter& ioWriter, const MabRixCADObjectContext&
       ioWriter.Null();
     ioWriter.Key("majors");
     ioWriter.BeginArray();
-    const auto [MajorBegin, MajorEnd] = FindAll(Majors, static_cast<const MabERixObject*>(Object.Get()), OwnerOf);
-    for (auto ppMajor = MajorBegin; ppMajor != MajorEnd; ++ppMajor)
-    {
+    ForEachMajor(iContext, Majors, *Object, [&](const MabERixMajorObject& iMajor) {
       ioWriter.BeginObject();
       ioWriter.Key("revision");
-      if ((*ppMajor)->GetKeyRevision().IsEmpty())
+      if (iMajor.GetKeyRevision().IsEmpty())
         ioWriter.Null();
       else
-        ioWriter.String((*ppMajor)->GetKeyRevision());
-      WriteProperties(ioWriter, **ppMajor);
+        ioWriter.String(iMajor.GetKeyRevision());
+      WriteProperties(ioWriter, iMajor);
       ioWriter.EndObject();
-    }
+    });
     ioWriter.EndArray();
     // The first minor object of the object's type and name.
+    const MabERixMinorObject* pMinor = nullptr;
+    Minors.ForEach(KeyHash(Object->GetKeyType().View(), Object->GetKeyName().View(), ""), [&](std::size_t iIndex) {
+      const MabERixMinorObject& Minor = *iContext.GetMinorObjects()[iIndex];
+      if (!pMinor && Minor.GetKeyType() == Object->GetKeyType() && Minor.GetKeyName() == Object->GetKeyName())
+        pMinor = &Minor;
+    });
     ioWriter.Key("minor");
-    const auto Found =
-        FindAll(Minors, std::make_pair(Object->GetKeyType().View(), Object->GetKeyName().View()), ObjectKeyOf);
-    if (Found.first != Found.second)
+    if (pMinor)
     {
       ioWriter.BeginObject();
-      WriteMinorContent(ioWriter, **Found.first);
+      WriteMinorContent(ioWriter, *pMinor);
       ioWriter.EndObject();
     }
     else

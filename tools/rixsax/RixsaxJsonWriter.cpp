@@ -94,7 +94,10 @@ void RixsaxJsonWriter::Null()
 // bad bytes the output has always had.
 void RixsaxJsonWriter::Escape(std::string_view iText, RixsaxOutput& ioOutput)
 {
-  for (std::size_t Position = 0; Position < iText.size();)
+  bool Ascii = true;
+  for (const char Character : iText)
+    Ascii &= static_cast<unsigned char>(Character) < 0x80;
+  for (std::size_t Position = 0; !Ascii && Position < iText.size();)
     if (RixsaxNextCharacter(iText, Position) < 0)
     {
       ioOutput.Write(nlohmann::json(std::string(iText)).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));

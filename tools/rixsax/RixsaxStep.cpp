@@ -70,8 +70,8 @@ RixsaxStepRecord RixsaxRunStep(RixsaxSession& ioSession, const RixsaxHandlerEntr
       [pEntry, &ioSession](MabRixSAXHandlerBase& iRoot) { return pEntry->_Factory(iRoot, ioSession); }, ReaderOptions);
 
   RixsaxStepRecord Record;
-  if (const auto spInput = RixsaxProgressInput::Open(iFile, Options._Progress,
-                                                     [&ioSession] { return ObjectsSoFar(ioSession); }))
+  if (const auto spInput =
+          RixsaxProgressInput::Open(iFile, Options._Progress, [&ioSession] { return ObjectsSoFar(ioSession); }))
     static_cast<MabRixReadResult&>(Record) = Reader.ReadStream(spInput->Stream());
   else
     static_cast<MabRixReadResult&>(Record) = iFile == "-" ? Reader.ReadStream(std::cin) : Reader.ReadFile(iFile);

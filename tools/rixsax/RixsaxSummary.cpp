@@ -12,7 +12,7 @@ std::string RixsaxSummaryLine(const RixsaxStepRecord& iStep)
   const RixsaxContextCounts& Counts = iStep._ContextCounts;
   std::string Text = std::string(iStep._pEntry->_Name) + " " + iStep._File + ": result " +
                      RixsaxResultText(iStep._Result) + (FAILED(iStep._Result) ? " (failed)" : "") + ", values " +
-                     std::to_string(iStep._Values.size()) + ", checks " + std::to_string(iStep._Checks.Total()) +
+                     std::to_string(iStep._Values.Total()) + ", checks " + std::to_string(iStep._Checks.Total()) +
                      ", failed callbacks " + std::to_string(iStep._CallbackFailures.Total()) + ", objects " +
                      std::to_string(Counts._Objects) + ", major objects " + std::to_string(Counts._MajorObjects) +
                      ", minor objects " + std::to_string(Counts._MinorObjects) + ", relationships " +
