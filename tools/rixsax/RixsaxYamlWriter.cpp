@@ -57,45 +57,56 @@ void WriteHex(RixsaxOutput& ioOutput, char iKind, unsigned long iValue, int iDig
 }
 
 // Characters YAML does not allow in a document, or reads as line breaks,
-// are escaped; a byte that is not UTF-8 becomes U+FFFD.
+// are escaped; a byte that is not UTF-8 becomes U+FFFD. Runs of characters
+// that need nothing are copied in one piece.
 void WriteQuoted(std::string_view iText, RixsaxOutput& ioOutput)
 {
   ioOutput.Put('"');
+  std::size_t Plain = 0;
   for (std::size_t Position = 0; Position < iText.size();)
   {
     const std::size_t Start = Position;
+    const unsigned char Byte = static_cast<unsigned char>(iText[Position]);
+    if (Byte >= 0x20 && Byte < 0x7F && Byte != '"' && Byte != '\\')
+    {
+      ++Position;
+      continue;
+    }
     const long Character = RixsaxNextCharacter(iText, Position);
+    const bool Kept = Character > 0x9F && Character != 0x2028 && Character != 0x2029 && Character != 0xFEFF &&
+                      Character != 0xFFFE && Character != 0xFFFF;
+    if (Kept)
+      continue;
+    ioOutput.Write(iText.substr(Plain, Start - Plain));
+    Plain = Position;
     switch (Character)
     {
       case -1:
         ioOutput.Write("\xEF\xBF\xBD");
-        continue;
+        break;
       case '"':
         ioOutput.Write("\\\"");
-        continue;
+        break;
       case '\\':
         ioOutput.Write("\\\\");
-        continue;
+        break;
       case '\n':
         ioOutput.Write("\\n");
-        continue;
+        break;
       case '\t':
         ioOutput.Write("\\t");
-        continue;
+        break;
       case '\r':
         ioOutput.Write("\\r");
-        continue;
-      default:
         break;
+      default:
+        if (Character <= 0xFF)
+          WriteHex(ioOutput, 'x', static_cast<unsigned long>(Character), 2);
+        else
+          WriteHex(ioOutput, 'u', static_cast<unsigned long>(Character), 4);
     }
-    if (Character < 0x20 || (Character >= 0x7F && Character <= 0x9F))
-      WriteHex(ioOutput, 'x', static_cast<unsigned long>(Character), 2);
-    else if (Character == 0x2028 || Character == 0x2029 || Character == 0xFEFF || Character == 0xFFFE ||
-             Character == 0xFFFF)
-      WriteHex(ioOutput, 'u', static_cast<unsigned long>(Character), 4);
-    else
-      ioOutput.Write(iText.substr(Start, Position - Start));
   }
+  ioOutput.Write(iText.substr(Plain));
   ioOutput.Put('"');
 }
 }  // namespace
