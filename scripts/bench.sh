@@ -190,7 +190,7 @@ if stage rixsax && [ -x "$rixsax" ]; then
     --stats 2>"$out/object-list-300m.stats"
   "$bin/rixgen" overwrite-file-list --count "$rixsax_entries" --output "$data/overwrite-200k.xml" \
     --stats 2>"$out/overwrite-200k.stats"
-  for file in overwrite-200k:overwrite-file-list:overwritefilelist object-list-300m:object-list:objectlist; do
+  for file in object-list-300m:object-list:objectlist overwrite-200k:overwrite-file-list:overwritefilelist; do
     IFS=: read -r name handler at <<<"$file"
     log "rixsax: $name"
     "$bin/rixmem" "$handler" "$data/$name.xml" | sed "s/^kind $handler/kind model-$name/" >>"$out/memory-rixsax.txt"
