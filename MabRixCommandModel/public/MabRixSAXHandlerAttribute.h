@@ -29,12 +29,16 @@ public:
   HRESULT Value(const MabIRixValue_var& iValue) override;
 
 private:
+  friend class MabRixSAXHandlerBase;
+  void Renew(MabRixValueFormat& iFormat);
   HRESULT EndAttribute();
   void EndName();
+  void KeepSpareValue(MabRixAttributeValue* ipValue);
 
   MabRixAttributeValue* _pAttributeValue = nullptr;               // owns one reference
   KelBaseUnknown_varKelUnicodeStringDico* _pFormatMap = nullptr;  // borrowed
   MabRixValueFormat* _pFormat = nullptr;                          // borrowed; null once the value's handler exists
+  MabRixAttributeValue* _pSpareValue = nullptr;                   // owns one reference: built earlier, kept by no one
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerAttribute)

@@ -6,6 +6,8 @@
 #define MabRixSAXHandlerBase_h
 
 #include <memory>
+#include <new>
+#include <typeinfo>
 
 #include "KelISAXParseEndListener.h"
 #include "KelSAXHandlerBase.h"
@@ -81,7 +83,41 @@ public:
   const MabIRixSAXHandler_var& GetChildHandler() const { return _spChildHandler; }
   MabIRixSAXHandler* GetParentHandler() const { return _spParentHandler.Get(); }
 
+  // Sets ioHandler to a handler of class Handler built from this one, ready
+  // to be started. The handler ioHandler holds is reused when it is one of
+  // exactly that class, built by this handler, that nothing else references:
+  // it has finished (the parser no longer holds it) and no one can tell it
+  // from a new one, so a record's children then cost no allocation. Otherwise
+  // ioHandler's handler is released and a new one made (null when that fails).
+  template <class Handler, class... Arguments>
+  void RenewChild(MabIRixSAXHandler_var& ioHandler, Arguments&... iArguments)
+  {
+    if (Handler* pHandler = Reusable<Handler>(ioHandler))
+    {
+      pHandler->Renew(iArguments...);
+      return;
+    }
+    ioHandler = nullptr;
+    ioHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) Handler(*this, iArguments...));
+  }
+
 protected:
+  // The handler iHandler holds, when it is of exactly class Handler, was
+  // built by this handler and iHandler holds its only reference; else null.
+  template <class Handler>
+  Handler* Reusable(const MabIRixSAXHandler_var& iHandler) const
+  {
+    MabIRixSAXHandler* pInterface = iHandler.Get();
+    if (!pInterface || typeid(*pInterface->GetImpl()) != typeid(Handler) || pInterface->GetImpl()->GetRefCount() != 1)
+      return nullptr;
+    Handler* pHandler = KelImplCast<Handler>(pInterface);
+    const MabRixSAXHandlerBase* pBase = pHandler;
+    return pBase->_spParentHandler.Get() == static_cast<const MabIRixSAXHandler*>(this) ? pHandler : nullptr;
+  }
+  // Back to the state of a handler just built from its parent, keeping the
+  // room its texts have grown. For a handler that Reusable gave.
+  void ResetForReuse();
+
   KelISAXParser_var _spSAXParser;
   MabRixParentHandlerRef _spParentHandler;
   MabIRixSAXHandler_var _spChildHandler;

@@ -24,12 +24,18 @@ public:
   HRESULT Value(const MabIRixValue_var& iValue) override;
 
 private:
+  friend class MabRixSAXHandlerBase;
+  void Renew();
   void KeepElementText(const KelUnicodeString& iText);
   bool KeepAttribute(const MabRixAttributeValue& iAttribute);
 
   KelUnicodeString _CurrentElement;                              // the child element most recently started
   MabRixStringValueFormat* _pStringFormat = nullptr;             // owned: the format of every attribute's value
   MabRixObjectAttributeValue* _pObjectAttributeValue = nullptr;  // owned: one reference
+  // Finished children no one else holds, one of each class, waiting for the
+  // next element that needs one: records repeat the same children.
+  MabIRixSAXHandler_var _spSpareString;
+  MabIRixSAXHandler_var _spSpareAttribute;
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerObjectAttribute)

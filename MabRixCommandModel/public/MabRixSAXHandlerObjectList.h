@@ -7,6 +7,8 @@
 #ifndef MabRixSAXHandlerObjectList_h
 #define MabRixSAXHandlerObjectList_h
 
+#include <string_view>
+
 #include "KelDicos.h"
 #include "MabRixPath.h"
 #include "MabRixSAXHandlerBase.h"
@@ -33,7 +35,7 @@ public:
 private:
   HRESULT StartObject(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes);
   void ReadAttributes(KelISAXAttributeList& iAttributes, unsigned int iCount);
-  void ReadAttribute(const KelUnicodeString& iName, const KelUnicodeString& iValue);
+  void ReadAttribute(std::string_view iName, std::string_view iValue);
   HRESULT TakeContent(const MabRixObjectAttributeValue& iContent);
   HRESULT CreateEntities(MabERixObject*& opObject, MabERixMajorObject*& opMajorObject,
                          MabERixMinorObject*& opMinorObject);

@@ -5,6 +5,8 @@
 
 #include "MabRixSAXHandlerBase.h"
 
+class MabRixStringValue;
+
 class ExportedByMabRixCommandModel MabRixSAXHandlerString : public MabRixSAXHandlerBase
 {
   KelDeclareClass
@@ -15,6 +17,15 @@ public:
 
   HRESULT StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes) override;
   HRESULT EndElement(const KelUnicodeString& iName) override;
+
+private:
+  friend class MabRixSAXHandlerBase;
+  friend class MabRixSAXHandlerAttribute;
+  void Renew();
+  void KeepSpareValue(MabRixStringValue* ipValue);
+
+  // A value built earlier that no one kept: the next one is built in it.
+  MabRixStringValue* _pSpareValue = nullptr;  // owns one reference
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerString)

@@ -21,8 +21,9 @@ public:
   ~MabRixValueFormat() override;
 
   // Creates (does not start) a new handler for the value, with iParent as its
-  // parent, into oHandler. oHandler's previous handler is released first.
-  // E_FAIL when no handler could be made.
+  // parent, into oHandler. oHandler's previous handler is released first (a
+  // format may instead read it again when no one else can see it: see
+  // MabRixSAXHandlerBase::RenewChild). E_FAIL when no handler could be made.
   virtual HRESULT GetSubHandler(MabRixSAXHandlerBase& iParent, MabIRixSAXHandler_var& oHandler) = 0;
 
 protected:

@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 KelImplementClass(KelExpatParser, KelBaseUnknown, "KelSystem")
 
@@ -38,13 +39,28 @@ public:
   }
   HRESULT GetName(unsigned int iPosition, KelUnicodeString& oName) override
   {
+    std::string_view Text;
+    return Copy(GetNameView(iPosition, Text), Text, oName);
+  }
+  HRESULT GetValue(unsigned int iPosition, KelUnicodeString& oValue) override
+  {
+    std::string_view Text;
+    return Copy(GetValueView(iPosition, Text), Text, oValue);
+  }
+  HRESULT GetValue(const KelUnicodeString& iName, KelUnicodeString& oValue) override
+  {
+    std::string_view Text;
+    return Copy(GetValueView(iName.View(), Text), Text, oValue);
+  }
+  HRESULT GetNameView(unsigned int iPosition, std::string_view& oName) override
+  {
     const XML_Char* const* ppPair = At(iPosition);
     if (!ppPair)
       return E_FAIL;
     oName = ppPair[0];
     return S_OK;
   }
-  HRESULT GetValue(unsigned int iPosition, KelUnicodeString& oValue) override
+  HRESULT GetValueView(unsigned int iPosition, std::string_view& oValue) override
   {
     const XML_Char* const* ppPair = At(iPosition);
     if (!ppPair)
@@ -52,15 +68,14 @@ public:
     oValue = ppPair[1];
     return S_OK;
   }
-  HRESULT GetValue(const KelUnicodeString& iName, KelUnicodeString& oValue) override
+  HRESULT GetValueView(std::string_view iName, std::string_view& oValue) override
   {
-    if (!_ppAttributes)
+    if (!_ppAttributes || iName.empty())
       return E_FAIL;
-    const char* pName = iName.ConvertToChar();
     // Handlers look up many names per element: most differ at the first
     // character, which is tested before the full comparison.
     for (const XML_Char** pp = _ppAttributes; *pp; pp += 2)
-      if (pp[0][0] == pName[0] && std::strcmp(pp[0], pName) == 0)
+      if (pp[0][0] == iName[0] && std::string_view(pp[0]) == iName)
       {
         oValue = pp[1];
         return S_OK;
@@ -72,6 +87,16 @@ private:
   const XML_Char* const* At(unsigned int iPosition) const
   {
     return iPosition < _Count ? _ppAttributes + 2 * static_cast<std::size_t>(iPosition) : nullptr;
+  }
+
+  // The copy reuses the room the output string already has.
+  static HRESULT Copy(HRESULT iFound, std::string_view iText, KelUnicodeString& oText)
+  {
+    if (FAILED(iFound))
+      return iFound;
+    oText.Clear();
+    oText.AppendBytes(iText.data(), iText.size());
+    return S_OK;
   }
 
   const XML_Char** _ppAttributes = nullptr;

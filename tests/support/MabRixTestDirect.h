@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -54,6 +55,30 @@ public:
       if (iName == Attribute.first.c_str())
       {
         oValue = Attribute.second.c_str();
+        return S_OK;
+      }
+    return E_FAIL;
+  }
+  HRESULT GetNameView(unsigned int iPosition, std::string_view& oName) override
+  {
+    if (iPosition >= _Attributes.size())
+      return E_FAIL;
+    oName = _Attributes[iPosition].first;
+    return S_OK;
+  }
+  HRESULT GetValueView(unsigned int iPosition, std::string_view& oValue) override
+  {
+    if (iPosition >= _Attributes.size())
+      return E_FAIL;
+    oValue = _Attributes[iPosition].second;
+    return S_OK;
+  }
+  HRESULT GetValueView(std::string_view iName, std::string_view& oValue) override
+  {
+    for (const auto& Attribute : _Attributes)
+      if (iName == Attribute.first)
+      {
+        oValue = Attribute.second;
         return S_OK;
       }
     return E_FAIL;

@@ -1,9 +1,15 @@
 #include "MabRixSAXHandlerAttribute.h"
 
 #include <new>
+#include <string_view>
+#include <utility>
 
 #include "KelCheck.h"
 #include "MabRixAttributeValue.h"
+#include "MabRixSAXHandlerString.h"
+#include "MabRixSpareValue.h"
+#include "MabRixStringValue.h"
+#include "MabRixTextSupport.h"
 #include "MabRixValueFormat.h"
 
 MabRixImplementHandler(MabRixSAXHandlerAttribute, MabRixSAXHandlerBase)
@@ -25,6 +31,20 @@ MabRixSAXHandlerAttribute::~MabRixSAXHandlerAttribute()
     _pAttributeValue->Release();
   _pAttributeValue = nullptr;
   _pFormat = nullptr;
+  if (_pSpareValue)
+    _pSpareValue->Release();
+}
+
+// Read again, for the next attribute element, by the parent that built it.
+// Its last value handler stays its child: the format renews it.
+void MabRixSAXHandlerAttribute::Renew(MabRixValueFormat& iFormat)
+{
+  ResetForReuse();
+  if (_pAttributeValue)
+    _pAttributeValue->Release();
+  _pAttributeValue = nullptr;
+  _pFormatMap = nullptr;
+  _pFormat = &iFormat;
 }
 
 HRESULT MabRixSAXHandlerAttribute::StartElement(const KelUnicodeString& iName,
@@ -41,12 +61,12 @@ HRESULT MabRixSAXHandlerAttribute::StartElement(const KelUnicodeString& iName,
   if (iName != "value" || !_pFormat)
     return S_OK;
 
-  KelUnicodeString Type;
-  if (!!iAttributes)
-    (void)iAttributes->GetValue("type", Type);
-  Type.ToLower();
+  // Read in place: a missing type reads as empty.
+  std::string_view Type;
+  if (!!iAttributes && FAILED(iAttributes->GetValueView("type", Type)))
+    Type = {};
   if (_pAttributeValue)
-    _pAttributeValue->_Enforced = Type == "enforced" ? 1 : 0;
+    _pAttributeValue->_Enforced = MabRixEqualsLowered(Type, "enforced") ? 1 : 0;
 
   // One value per format: the format is done with once asked.
   HRESULT hr = _pFormat->GetSubHandler(*this, _spChildHandler);
@@ -82,9 +102,28 @@ HRESULT MabRixSAXHandlerAttribute::EndAttribute()
     return S_OK;
   if (!_pAttributeValue)
     return S_OK;
-  const MabIRixValue_var spValue = MabIRixValue_var::Adopt(_pAttributeValue);
+  MabRixAttributeValue* pValue = _pAttributeValue;
+  const MabIRixValue_var spValue = MabIRixValue_var::Adopt(pValue);
   _pAttributeValue = nullptr;
-  return _spParentHandler->Value(spValue);
+  const MabIRixSAXHandler_var spSelf(this);  // the parent may let this handler go in its Value
+  const HRESULT hr = _spParentHandler->Value(spValue);
+  KeepSpareValue(pValue);
+  return hr;
+}
+
+// An attribute value the parent did not keep is seen by no one: the next
+// attribute is built in it, and its string value goes back to the string
+// handler that built it when no one kept that either.
+void MabRixSAXHandlerAttribute::KeepSpareValue(MabRixAttributeValue* ipValue)
+{
+  if (!MabRixKeepIfUnheld(ipValue, _pSpareValue))
+    return;
+  const MabIRixValue_var spInner = std::move(ipValue->_Value);
+  if (MabRixSAXHandlerString* pString = Reusable<MabRixSAXHandlerString>(_spChildHandler))
+    if (MabRixStringValue* pInner = KelImplCast<MabRixStringValue>(spInner.Get()))
+      pString->KeepSpareValue(pInner);
+  ipValue->_Enforced = 0;
+  ipValue->_Name.Clear();
 }
 
 // The name is known: with a format map it selects the value's format. A new
@@ -103,7 +142,7 @@ void MabRixSAXHandlerAttribute::EndName()
     // A second name replaces the attribute value begun by the first.
     if (_pAttributeValue)
       _pAttributeValue->Release();
-    _pAttributeValue = new (std::nothrow) MabRixAttributeValue();
+    _pAttributeValue = _pSpareValue ? std::exchange(_pSpareValue, nullptr) : new (std::nothrow) MabRixAttributeValue();
   }
   if (_pAttributeValue)
     _pAttributeValue->_Name = _Characters;

@@ -123,6 +123,16 @@ bool MabRixSAXHandlerBase::StopIfNecessary(const KelUnicodeString& iName)
 
 HRESULT MabRixSAXHandlerBase::Value(const MabIRixValue_var&) { return S_OK; }
 
+// The parent reference is already loose (the handler gave the parser back);
+// loosening it again covers a hand-back that failed.
+void MabRixSAXHandlerBase::ResetForReuse()
+{
+  _spParentHandler.Loosen();
+  _Characters.Clear();
+  _ElementName.Clear();
+  _Depth = 0;
+}
+
 HRESULT MabRixSAXHandlerBase::GetResponse(MabIRixResponse_var& oResponse)
 {
   oResponse = nullptr;

@@ -2,6 +2,7 @@
 
 #include <new>
 #include <string_view>
+#include <utility>
 
 #include "KelCheck.h"
 #include "MabRixAttributeValue.h"
@@ -33,19 +34,47 @@ MabRixSAXHandlerObjectAttribute::~MabRixSAXHandlerObjectAttribute()
   }
 }
 
+// Read again, for the next cadobject, by the parent that built it. The
+// value starts empty again; a value someone kept is left to them.
+void MabRixSAXHandlerObjectAttribute::Renew()
+{
+  ResetForReuse();
+  _CurrentElement.Clear();
+  if (_pObjectAttributeValue && _pObjectAttributeValue->GetRefCount() == 1)
+  {
+    _pObjectAttributeValue->_PreviewPath = MabRixPath();
+    _pObjectAttributeValue->_ElementValues.RemoveAll();
+    _pObjectAttributeValue->_Attributes.RemoveAll();
+    return;
+  }
+  if (_pObjectAttributeValue)
+    _pObjectAttributeValue->Release();
+  _pObjectAttributeValue = new (std::nothrow) MabRixObjectAttributeValue();
+}
+
 // Every direct child gets a handler of its own: attribute elements an
-// attribute handler, any other element a string handler.
+// attribute handler, any other element a string handler. The last child,
+// when no one else holds it, waits as the spare of its class.
 HRESULT MabRixSAXHandlerObjectAttribute::StartElement(const KelUnicodeString& iName,
                                                       const KelISAXAttributeList_var& iAttributes)
 {
   (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));
   _CurrentElement = iName;
+  if (Reusable<MabRixSAXHandlerString>(_spChildHandler))
+    _spSpareString = std::move(_spChildHandler);
+  else if (Reusable<MabRixSAXHandlerAttribute>(_spChildHandler))
+    _spSpareAttribute = std::move(_spChildHandler);
   _spChildHandler = nullptr;
   if (iName != "attribute")
-    _spChildHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerString(*this));
+  {
+    RenewChild<MabRixSAXHandlerString>(_spSpareString);
+    _spChildHandler = std::move(_spSpareString);
+  }
   else if (_pStringFormat)
-    _spChildHandler =
-        MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerAttribute(*this, *_pStringFormat));
+  {
+    RenewChild<MabRixSAXHandlerAttribute>(_spSpareAttribute, *_pStringFormat);
+    _spChildHandler = std::move(_spSpareAttribute);
+  }
   if (!_spChildHandler)
     return S_OK;  // no handler could be made: the element is skipped
   return _spChildHandler->StartHandlingEvents(iName, iAttributes);

@@ -1,22 +1,27 @@
 #include "MabRixSAXHandlerObjectList.h"
 
 #include <new>
+#include <string_view>
 #include <utility>
 
 #include "KelError.h"
 #include "MabRixObjectAttributeValue.h"
 #include "MabRixSAXHandlerObjectAttribute.h"
 #include "MabRixTNRObjectContext.h"
+#include "MabRixTextSupport.h"
 
 MabRixImplementHandler(MabRixSAXHandlerObjectList, MabRixSAXHandlerBase)
 
 namespace
 {
 // Texts of true in attributes: any letter case of "true".
-bool IsTrueText(KelUnicodeString iText)
+bool IsTrueText(std::string_view iText) { return MabRixEqualsLowered(iText, "true"); }
+
+// Copies a view into a kept text, reusing the room the text already has.
+void Store(KelUnicodeString& oText, std::string_view iText)
 {
-  iText.ToLower();
-  return iText == "true";
+  oText.Clear();
+  oText.AppendBytes(iText.data(), iText.size());
 }
 
 // "[ALIAS|name]" names a location by its alias: it becomes "KelDLN://name".
@@ -76,7 +81,8 @@ HRESULT MabRixSAXHandlerObjectList::StartObject(const KelUnicodeString& iName,
     return MabRixRaiseUnexpected(E_FAIL);
   ReadAttributes(*iAttributes, Count);
 
-  _spChildHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerObjectAttribute(*this));
+  // The last object's handler reads this one when no one else holds it.
+  RenewChild<MabRixSAXHandlerObjectAttribute>(_spChildHandler);
   if (!_spChildHandler)
     return MabRixRaiseUnexpected(E_FAIL);
   const HRESULT hrStart = _spChildHandler->StartHandlingEvents(iName, iAttributes);
@@ -85,23 +91,25 @@ HRESULT MabRixSAXHandlerObjectList::StartObject(const KelUnicodeString& iName,
   return hrStart;
 }
 
+// Names and values are read in place, in the parser's own text; only what is
+// kept is copied.
 void MabRixSAXHandlerObjectList::ReadAttributes(KelISAXAttributeList& iAttributes, unsigned int iCount)
 {
-  KelUnicodeString Name, Value;  // their room is reused from one attribute to the next
+  std::string_view Name, Value;
   for (unsigned int i = 0; i < iCount; ++i)
   {
-    if (SUCCEEDED(iAttributes.GetName(i, Name)) && SUCCEEDED(iAttributes.GetValue(i, Value)))
+    if (SUCCEEDED(iAttributes.GetNameView(i, Name)) && SUCCEEDED(iAttributes.GetValueView(i, Value)))
       ReadAttribute(Name, Value);
   }
 }
 
 // Known attributes overwrite what the previous cadobject left; any other goes
 // to the extra attributes, where the first occurrence of a name wins.
-void MabRixSAXHandlerObjectList::ReadAttribute(const KelUnicodeString& iName, const KelUnicodeString& iValue)
+void MabRixSAXHandlerObjectList::ReadAttribute(std::string_view iName, std::string_view iValue)
 {
-  static const struct
+  static constexpr struct
   {
-    const char* _Name;
+    std::string_view _Name;
     KelUnicodeString MabRixSAXHandlerObjectList::*_pText;
   } Texts[] = {
       {"busid", &MabRixSAXHandlerObjectList::_BusID},       {"bustype", &MabRixSAXHandlerObjectList::_BusType},
@@ -113,17 +121,17 @@ void MabRixSAXHandlerObjectList::ReadAttribute(const KelUnicodeString& iName, co
   for (const auto& Text : Texts)
     if (iName == Text._Name)
     {
-      this->*Text._pText = iValue;
+      Store(this->*Text._pText, iValue);
       return;
     }
   if (iName == "islocked")
     _bLocked = IsTrueText(iValue) ? TRUE : FALSE;
   else if (iName == "dirname")
-    _DirectoryPath = DirectoryPath(iValue);
+    _DirectoryPath = DirectoryPath(KelUnicodeString(iValue));
   else if (iName == "filename")
-    _FilePath = MabRixPath(iValue);
+    _FilePath = MabRixPath(KelUnicodeString(iValue));
   else
-    _ExtraAttributes.Insert(iName, iValue);
+    _ExtraAttributes.Insert(KelUnicodeString(iName), KelUnicodeString(iValue));
 }
 
 // The content of one cadobject has been read: the object is committed.
@@ -269,7 +277,7 @@ void MabRixSAXHandlerObjectList::FillIn(MabERixObject& iObject, MabERixMajorObje
       SetWhenUnset(iMajorObject, &MabERixMajorObject::GetState, &MabERixMajorObject::_SetState, *It);
     else if (Key == "Lock")
     {
-      const unsigned char bLocked = IsTrueText(*It) ? TRUE : FALSE;
+      const unsigned char bLocked = IsTrueText(It->View()) ? TRUE : FALSE;
       SetWhenUnset(iMajorObject, &MabERixMajorObject::GetLockStatus, &MabERixMajorObject::_SetLockStatus, bLocked);
     }
     else if (Key == "Ver")

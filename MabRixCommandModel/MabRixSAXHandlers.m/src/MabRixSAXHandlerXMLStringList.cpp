@@ -1,6 +1,7 @@
 #include "MabRixSAXHandlerXMLStringList.h"
 
 #include <new>
+#include <utility>
 
 #include "KelCheck.h"
 #include "MabRixSAXHandlerString.h"
@@ -60,7 +61,7 @@ HRESULT MabRixSAXHandlerXMLStringList::EndElement(const KelUnicodeString& iName)
   MabRixStringListValue* pStringListValue = new (std::nothrow) MabRixStringListValue();
   if (!KelCheck(pStringListValue) || !pStringListValue)
     return E_FAIL;
-  pStringListValue->_Value = _Items;
+  pStringListValue->_Value = std::move(_Items);  // the list is done: its value takes it
   const MabIRixValue_var spValue = MabIRixValue_var::Adopt(pStringListValue);
   if (!KelCheck(!!_spParentHandler))
     return S_OK;

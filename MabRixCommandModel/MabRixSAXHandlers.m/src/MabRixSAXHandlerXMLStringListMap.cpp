@@ -1,6 +1,7 @@
 #include "MabRixSAXHandlerXMLStringListMap.h"
 
 #include <new>
+#include <utility>
 
 #include "KelCheck.h"
 #include "MabRixAttributeValue.h"
@@ -68,7 +69,7 @@ HRESULT MabRixSAXHandlerXMLStringListMap::EndElement(const KelUnicodeString& iNa
   MabRixStringListMapValue* pListMapValue = new (std::nothrow) MabRixStringListMapValue();
   if (!KelCheck(pListMapValue) || !pListMapValue)
     return E_FAIL;
-  pListMapValue->_Value = _Entries;
+  pListMapValue->_Value = std::move(_Entries);  // the map is done: its value takes it
   const MabIRixValue_var spValue = MabIRixValue_var::Adopt(pListMapValue);
   if (!KelCheck(!!_spParentHandler))
     return E_FAIL;

@@ -1,6 +1,7 @@
 #include "MabRixSAXHandlerXMLStringMap.h"
 
 #include <new>
+#include <utility>
 
 #include "KelCheck.h"
 #include "MabRixAttributeValue.h"
@@ -76,7 +77,7 @@ HRESULT MabRixSAXHandlerXMLStringMap::EndElement(const KelUnicodeString& iName)
     MabRixStringMapValue* pMapValue = new (std::nothrow) MabRixStringMapValue();
     if (!KelCheck(pMapValue) || !pMapValue)
       return S_OK;
-    pMapValue->_Value = _Entries;
+    pMapValue->_Value = std::move(_Entries);  // the map is done: its value takes it
     const MabIRixValue_var spValue = MabIRixValue_var::Adopt(pMapValue);
     (void)KelCheck(!!_spParentHandler);
     if (!!_spParentHandler)

@@ -8,5 +8,7 @@ MabRixStringValueFormat::~MabRixStringValueFormat() = default;
 
 HRESULT MabRixStringValueFormat::GetSubHandler(MabRixSAXHandlerBase& iParent, MabIRixSAXHandler_var& oHandler)
 {
-  return CreateSubHandler<MabRixSAXHandlerString>(oHandler, iParent);
+  // A string handler oHandler holds is read again when no one else holds it.
+  iParent.RenewChild<MabRixSAXHandlerString>(oHandler);
+  return !oHandler ? E_FAIL : S_OK;
 }
