@@ -108,7 +108,10 @@ protected:
   Handler* Reusable(const MabIRixSAXHandler_var& iHandler) const
   {
     MabIRixSAXHandler* pInterface = iHandler.Get();
-    if (!pInterface || typeid(*pInterface->GetImpl()) != typeid(Handler) || pInterface->GetImpl()->GetRefCount() != 1)
+    if (!pInterface)
+      return nullptr;
+    const KelBaseUnknown* pImpl = pInterface->GetImpl();
+    if (typeid(*pImpl) != typeid(Handler) || pImpl->GetRefCount() != 1)
       return nullptr;
     Handler* pHandler = KelImplCast<Handler>(pInterface);
     const MabRixSAXHandlerBase* pBase = pHandler;
