@@ -19,6 +19,18 @@ function(mabrix_warnings target)
   endif()
 endfunction()
 
+# The headers as a user includes them, <MabRix/Header.h>, in one folder of the
+# project's own: installed flat into include/MabRix (the headers include one
+# another by quoted bare names, which resolve next to the including header);
+# in the build tree a folder of one-line forwarders to the sources.
+set(MABRIX_INCLUDE_DIR ${PROJECT_BINARY_DIR}/include)
+function(mabrix_forward_headers)
+  foreach(header IN LISTS ARGN)
+    get_filename_component(header_name "${header}" NAME)
+    file(CONFIGURE OUTPUT ${MABRIX_INCLUDE_DIR}/MabRix/${header_name} CONTENT "#include \"${header}\"\n" @ONLY)
+  endforeach()
+endfunction()
+
 # Every source of a target reports its checks under its path in the source
 # tree without the extension, e.g.
 # MabRixCommandModel/MabRixSAXHandlers.m/src/MabRixSAXHandlerBase.

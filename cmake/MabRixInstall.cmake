@@ -1,5 +1,5 @@
-# Installation: the two shared libraries with their headers (public headers
-# in include/MabRix, host headers in include/MabRix/host), rixsax, a CMake
+# Installation: the two shared libraries with their headers (all in
+# include/MabRix, included as <MabRix/Header.h>), rixsax, a CMake
 # package (find_package(MabRixCommandModel CONFIG) gives MabRix::CommandModel,
 # which brings MabRix::Host) and a pkg-config file.
 include(CMakePackageConfigHelpers)
@@ -13,8 +13,8 @@ install(TARGETS KelHost MabRixCommandModel
         EXPORT MabRixCommandModelTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
-install(FILES ${MABRIX_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/MabRix COMPONENT development)
-install(FILES ${MABRIX_HOST_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/MabRix/host COMPONENT development)
+install(FILES ${MABRIX_HOST_HEADERS} ${MABRIX_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/MabRix
+        COMPONENT development)
 if(TARGET rixsax)
   install(TARGETS rixsax RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
 endif()

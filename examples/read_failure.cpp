@@ -2,9 +2,9 @@
 // and prints what the server said: command, error code and reason.
 #include <cstdio>
 
-#include "MabRixFailureResponse.h"
-#include "MabRixResponseReader.h"
-#include "MabRixSAXHandlerFailure.h"
+#include <MabRix/MabRixFailureResponse.h>
+#include <MabRix/MabRixResponseReader.h>
+#include <MabRix/MabRixSAXHandlerFailure.h>
 
 int main(int iArgc, char** iArgv)
 {

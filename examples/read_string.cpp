@@ -2,9 +2,9 @@
 // prints it: the smallest command layer there is.
 #include <cstdio>
 
-#include "MabRixResponseReader.h"
-#include "MabRixSAXHandlerString.h"
-#include "MabRixStringValue.h"
+#include <MabRix/MabRixResponseReader.h>
+#include <MabRix/MabRixSAXHandlerString.h>
+#include <MabRix/MabRixStringValue.h>
 
 int main(int argc, char** argv)
 {

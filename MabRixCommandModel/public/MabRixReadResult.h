@@ -96,7 +96,7 @@ public:
   bool _Started = false;
   /// The first failed callback's result (the handler's result); S_OK when
   /// no callback failed.
-  HRESULT _Result = S_OK;
+  HRESULT _Result = KelResult::Ok;
   /// The handler the factory created; null when it never was (start element
   /// not found, or the factory returned null).
   MabIRixSAXHandler_var _spHandler;

@@ -35,8 +35,8 @@ private:
                      MabERixMajorObject& ioMajor, MabERixMinorObject& ioMinor);
   HRESULT Flush();
 
-  unsigned char _bInCADObject = FALSE;  // set, read by nothing
-  unsigned char _bLockUnlockSuccess = FALSE;
+  unsigned char _bInCADObject = KelFalse;  // set, read by nothing
+  unsigned char _bLockUnlockSuccess = KelFalse;
   KelUnicodeString _CurrentElement;  // written, read by nothing
   KelUnicodeString _Type;
   KelUnicodeString _Name;

@@ -60,8 +60,8 @@ private:
   HRESULT Flush();
   HRESULT FlushRevInfo();
 
-  unsigned char _bInCADObject = FALSE;
-  unsigned char _bInRevisionInfo = FALSE;  // kept up to date, read by nothing
+  unsigned char _bInCADObject = KelFalse;
+  unsigned char _bInRevisionInfo = KelFalse;  // kept up to date, read by nothing
   KelUnicodeString _CurrentElement;
   KelUnicodeString _Type;
   KelUnicodeString _Name;

@@ -47,7 +47,7 @@ private:
   // Per object; reset after each one, except version, revision and the two
   // paths, which an object that lacks them takes from the previous one.
   MabRixPath _ThumbnailPath;
-  unsigned char _bLocked = FALSE;
+  unsigned char _bLocked = KelFalse;
   KelUnicodeString _Locker;
   KelUnicodeString _BusType;
   KelUnicodeString _ObjectType;

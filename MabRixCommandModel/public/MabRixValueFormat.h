@@ -35,7 +35,7 @@ protected:
   {
     oHandler = nullptr;
     oHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) Handler(iParent, iArguments...));
-    return !oHandler ? E_FAIL : S_OK;
+    return !oHandler ? KelResult::Fail : KelResult::Ok;
   }
 };
 

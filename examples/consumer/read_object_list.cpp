@@ -2,9 +2,9 @@
 // prints the objects. The context is the program's: the handler borrows it.
 #include <cstdio>
 
-#include "MabRixResponseReader.h"
-#include "MabRixSAXHandlerObjectList.h"
-#include "MabRixTNRObjectContext.h"
+#include <MabRix/MabRixResponseReader.h>
+#include <MabRix/MabRixSAXHandlerObjectList.h>
+#include <MabRix/MabRixTNRObjectContext.h>
 
 int main(int iArgc, char** iArgv)
 {

@@ -42,7 +42,7 @@ private:
   KelUnicodeString _Key;
   KelUnicodeString _Catalog;
   KelUnicodeStringList _Parameters;
-  HRESULT _ReturnCode = E_FAIL;
+  HRESULT _ReturnCode = KelResult::Fail;
   KelUnicodeString _SourceFile;
   int _SourceLine = 0;
 };

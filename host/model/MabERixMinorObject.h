@@ -49,7 +49,7 @@ public:
 
   KelUnicodeStringKelUnicodeStringDico _ExtraAttributes;  // attribute name to value
   KelUnicodeStringKelUnicodeStringDico _ElementValues;    // element name to text
-  unsigned char _bPointer = FALSE;
+  unsigned char _bPointer = KelFalse;
 
 private:
   MabRixObjectID _ID;

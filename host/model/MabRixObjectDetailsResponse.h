@@ -19,7 +19,7 @@ public:
   void _SetCanResolveUUIDConflict(unsigned char iCan) { _bCanResolveUUIDConflict = iCan; }
 
 private:
-  unsigned char _bCanResolveUUIDConflict = FALSE;
+  unsigned char _bCanResolveUUIDConflict = KelFalse;
 };
 
 typedef KelVar<MabRixObjectDetailsResponse> MabRixObjectDetailsResponse_var;

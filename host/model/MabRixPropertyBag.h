@@ -154,9 +154,9 @@ public:
   {
     const unsigned char* pRecord = Find(iId);
     if (!pRecord || pRecord[1] != Kind<T>())
-      return E_FAIL;
+      return KelResult::Fail;
     Decode(pRecord, oValue);
-    return S_OK;
+    return KelResult::Ok;
   }
 
   bool IsSet(MabRixPropertyId iId) const { return Find(iId) != nullptr; }

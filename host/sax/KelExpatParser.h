@@ -34,7 +34,7 @@ struct XML_ParserStruct;
 
 struct KelSAXCallbackFailure
 {
-  HRESULT _Result = S_OK;
+  HRESULT _Result = KelResult::Ok;
   const char* _Event = "";    // "StartElement", "EndElement", "Characters", ...
   KelUnicodeString _Element;  // the element of the event; empty for text
   int _Line = 0;
@@ -96,7 +96,7 @@ public:
 
   const std::vector<KelSAXCallbackFailure>& GetCallbackFailures() const { return _Failures; }
   std::size_t GetCallbackFailureCount() const { return _FailureCount; }
-  HRESULT GetFirstFailedResult() const { return _Failures.empty() ? S_OK : _Failures.front()._Result; }
+  HRESULT GetFirstFailedResult() const { return _Failures.empty() ? KelResult::Ok : _Failures.front()._Result; }
   bool HasParseError() const { return _HasParseError; }
   const KelSAXParseError& GetParseError() const { return _ParseError; }
 

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include "MabRixVersion.h"
 #include "RixsaxFormats.h"
 #include "RixsaxNearest.h"
 #include "RixsaxRegistry.h"
@@ -308,4 +309,4 @@ RixsaxCommandLine RixsaxParseCommandLine(int iArgc, const char* const* iArgv)
   }
 }
 
-std::string RixsaxVersionText() { return std::string("rixsax ") + RIXSAX_VERSION; }
+std::string RixsaxVersionText() { return std::string("rixsax ") + MabRixGetVersion(); }
