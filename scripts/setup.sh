@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(cmake ninja-build g++ clang clang-tidy libclang-rt-14-dev pkg-config libexpat1-dev libgtest-dev
           libgmock-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev libxml2-dev libpugixml-dev python3-matplotlib
-          valgrind graphviz python3-yaml)
+          valgrind graphviz python3-yaml doxygen)
 missing=()
 for package in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" || missing+=("$package")

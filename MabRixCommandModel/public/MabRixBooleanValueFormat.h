@@ -1,5 +1,5 @@
-// Format of a value written as a truth text ("yes" or "true"): read by
-// MabRixSAXHandlerBoolean.
+/// Format of a value written as a truth text ("yes" or "true"): read by
+/// MabRixSAXHandlerBoolean. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixBooleanValueFormat_h
 #define MabRixBooleanValueFormat_h
 

@@ -1,4 +1,4 @@
-// A list that keeps its first entries and only counts the rest.
+/// A list that keeps its first entries and only counts the rest. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixBoundedList_h
 #define MabRixBoundedList_h
 

@@ -1,4 +1,4 @@
-// Symbols of the library are hidden unless marked with this.
+/// Symbols of the library are hidden unless marked with this. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixCommandModelExport_h
 #define MabRixCommandModelExport_h
 

@@ -1,6 +1,6 @@
-// What a failure element says: the failed command's name, the server's error
-// code (kept as text) and the reason. Filled by MabRixSAXHandlerFailure and
-// read through its GetResponse.
+/// What a failure element says: the failed command's name, the server's error
+/// code (kept as text) and the reason. Filled by MabRixSAXHandlerFailure and
+/// read through its GetResponse. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixFailureResponse_h
 #define MabRixFailureResponse_h
 
@@ -19,7 +19,7 @@ public:
   ~MabRixFailureResponse() override;
 
   const KelUnicodeString& GetCommandName() const override;
-  // A failure response is neither a success nor a request.
+  /// A failure response is neither a success nor a request.
   unsigned char Success() const override;
   unsigned char Request() const override;
   const KelUnicodeString& GetReason() const override;

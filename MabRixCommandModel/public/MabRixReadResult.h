@@ -1,5 +1,5 @@
-// Everything a command layer can observe of one response read through one
-// handler: filled by MabRixResponseReader.
+/// Everything a command layer can observe of one response read through one
+/// handler: filled by MabRixResponseReader. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixReadResult_h
 #define MabRixReadResult_h
 

@@ -1,6 +1,6 @@
-// Reads one server response through one handler in a single call: the
-// command layer's work of building the parser and the root handler, starting
-// the handler on the right element and collecting what comes out.
+/// Reads one server response through one handler in a single call: the
+/// command layer's work of building the parser and the root handler, starting
+/// the handler on the right element and collecting what comes out. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixResponseReader_h
 #define MabRixResponseReader_h
 

@@ -1,7 +1,7 @@
-// Reads one attribute element: a "name" child, then a "value" child whose
-// shape is given by a value format (one fixed format, or the format the
-// attribute's name selects in a format map). Hands a MabRixAttributeValue to
-// its parent when the attribute element closes.
+/// Reads one attribute element: a "name" child, then a "value" child whose
+/// shape is given by a value format (one fixed format, or the format the
+/// attribute's name selects in a format map). Hands a MabRixAttributeValue to
+/// its parent when the attribute element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerAttribute_h
 #define MabRixSAXHandlerAttribute_h
 
@@ -16,11 +16,11 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerAttribute : public MabRixSAXH
   KelDeclareClass
 
 public:
-  // iFormatMap: attribute name to MabRixValueFormat. Borrowed: it must
-  // outlive the handler.
+  /// iFormatMap: attribute name to MabRixValueFormat. Borrowed: it must
+  /// outlive the handler.
   MabRixSAXHandlerAttribute(MabRixSAXHandlerBase& iParent, KelBaseUnknown_varKelUnicodeStringDico& iFormatMap);
-  // iFormat: the format of every value. Borrowed: it must outlive the
-  // handler.
+  /// iFormat: the format of every value. Borrowed: it must outlive the
+  /// handler.
   MabRixSAXHandlerAttribute(MabRixSAXHandlerBase& iParent, MabRixValueFormat& iFormat);
   ~MabRixSAXHandlerAttribute() override;
 
@@ -35,10 +35,10 @@ private:
   void EndName();
   void KeepSpareValue(MabRixAttributeValue* ipValue);
 
-  MabRixAttributeValue* _pAttributeValue = nullptr;               // owns one reference
-  KelBaseUnknown_varKelUnicodeStringDico* _pFormatMap = nullptr;  // borrowed
-  MabRixValueFormat* _pFormat = nullptr;                          // borrowed; null once the value's handler exists
-  MabRixAttributeValue* _pSpareValue = nullptr;                   // owns one reference: built earlier, kept by no one
+  MabRixAttributeValue* _pAttributeValue = nullptr;               ///< owns one reference
+  KelBaseUnknown_varKelUnicodeStringDico* _pFormatMap = nullptr;  ///< borrowed
+  MabRixValueFormat* _pFormat = nullptr;                          ///< borrowed; null once the value's handler exists
+  MabRixAttributeValue* _pSpareValue = nullptr;                   ///< owns one reference: built earlier, kept by no one
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerAttribute)

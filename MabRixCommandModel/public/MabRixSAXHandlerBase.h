@@ -1,7 +1,7 @@
-// Base of every handler: the delegation protocol. A handler reads one
-// element; for a nested element it may create a child, make it the parser's
-// document handler, and get the parser and the child's value back when the
-// child's element closes.
+/// Base of every handler: the delegation protocol. A handler reads one
+/// element; for a nested element it may create a child, make it the parser's
+/// document handler, and get the parser and the child's value back when the
+/// child's element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerBase_h
 #define MabRixSAXHandlerBase_h
 
@@ -17,11 +17,11 @@
 
 class MabRixSAXHandlerBase;
 
-// Reference of a handler to its parent. It holds a count while the handler
-// is active and lets it go once the handler has given the parser back (or
-// the document ended first), so a parent and its finished last child do not
-// keep each other alive. Uncounted, it still knows whether the parent lives:
-// a parent that is gone reads as null, never as a dangling pointer.
+/// Reference of a handler to its parent. It holds a count while the handler
+/// is active and lets it go once the handler has given the parser back (or
+/// the document ended first), so a parent and its finished last child do not
+/// keep each other alive. Uncounted, it still knows whether the parent lives:
+/// a parent that is gone reads as null, never as a dangling pointer.
 class ExportedByMabRixCommandModel MabRixParentHandlerRef
 {
 public:
@@ -36,8 +36,8 @@ public:
   MabIRixSAXHandler* Get() const { return _Counted || !_Alive.expired() ? _p : nullptr; }
   operator MabIRixSAXHandler_var() const { return MabIRixSAXHandler_var(Get()); }
 
-  void Loosen();   // drop the count, keep watching the parent
-  void Tighten();  // hold a count again, if the parent still lives
+  void Loosen();   ///< drop the count, keep watching the parent
+  void Tighten();  ///< hold a count again, if the parent still lives
   bool IsCounted() const { return _Counted; }
 
 private:
@@ -53,9 +53,9 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerBase : public KelSAXHandlerBa
   KelDeclareClass
 
 public:
-  // Root handler around a parser; it has no parent.
+  /// Root handler around a parser; it has no parent.
   explicit MabRixSAXHandlerBase(KelISAXParser_var& iParser);
-  // Child handler: shares the parent's parser.
+  /// Child handler: shares the parent's parser.
   explicit MabRixSAXHandlerBase(MabRixSAXHandlerBase& iParent);
   ~MabRixSAXHandlerBase() override;
   MabRixSAXHandlerBase(const MabRixSAXHandlerBase&) = delete;
@@ -68,15 +68,15 @@ public:
   HRESULT GetParser(KelISAXParser_var& ospISAXParser) override;
 
   HRESULT StartHandlingEvents(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes) override;
-  // True once this handler's own element has closed: the parser was given
-  // back to the parent (unless a check stopped it).
+  /// True once this handler's own element has closed: the parser was given
+  /// back to the parent (unless a check stopped it).
   bool StopIfNecessary(const KelUnicodeString& iName);
 
-  // The parser let this handler go while its element was still open (the
-  // document ended early): the open ancestors are let go, from here up.
+  /// The parser let this handler go while its element was still open (the
+  /// document ended early): the open ancestors are let go, from here up.
   void OnParseEnd() noexcept override;
 
-  // State of the protocol, for the command layer and for tests.
+  /// State of the protocol, for the command layer and for tests.
   const KelUnicodeString& GetElementName() const { return _ElementName; }
   const KelUnicodeString& GetCharacters() const { return _Characters; }
   int GetDepth() const { return _Depth; }
@@ -130,7 +130,7 @@ protected:
 
 private:
   friend class MabRixParentHandlerRef;
-  // Expires with this handler: children's uncounted references watch it.
+  /// Expires with this handler: children's uncounted references watch it.
   const std::shared_ptr<const char>& AliveToken();
   std::shared_ptr<const char> _spAliveToken;
 };

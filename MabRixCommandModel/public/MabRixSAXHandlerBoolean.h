@@ -1,5 +1,5 @@
-// Leaf handler: reads the text of one element into a MabRixBooleanValue and
-// hands it to its parent when the element closes.
+/// Leaf handler: reads the text of one element into a MabRixBooleanValue and
+/// hands it to its parent when the element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerBoolean_h
 #define MabRixSAXHandlerBoolean_h
 

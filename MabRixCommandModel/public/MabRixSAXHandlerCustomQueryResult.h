@@ -1,11 +1,11 @@
-// Reads the rows of a custom query. Each "row" names one object revision,
-// and possibly one version of it, by its attributes (rowid, oid, cadtype,
-// name, revision, type) and by the elements a MabRixSAXHandlerObjectAttribute
-// child reads from it ("Type", "Name", "Rev", "Ver", "Lock", "State",
-// "LockedBy", attribute elements, preview). The handler creates the object,
-// major object and minor object in the context of its
-// MabRixCustomQueryResultValue, which goes to the parent when the handler's
-// own element closes.
+/// Reads the rows of a custom query. Each "row" names one object revision,
+/// and possibly one version of it, by its attributes (rowid, oid, cadtype,
+/// name, revision, type) and by the elements a MabRixSAXHandlerObjectAttribute
+/// child reads from it ("Type", "Name", "Rev", "Ver", "Lock", "State",
+/// "LockedBy", attribute elements, preview). The handler creates the object,
+/// major object and minor object in the context of its
+/// MabRixCustomQueryResultValue, which goes to the parent when the handler's
+/// own element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerCustomQueryResult_h
 #define MabRixSAXHandlerCustomQueryResult_h
 
@@ -28,15 +28,15 @@ public:
   HRESULT EndElement(const KelUnicodeString& iName) override;
   HRESULT Value(const MabIRixValue_var& iValue) override;
 
-  // The result under construction.
+  /// The result under construction.
   MabRixCustomQueryResultValue* GetCustomQueryResultValue() const { return _pCustomQueryResultValue; }
 
 private:
-  // Lock owner, state and lock status from the row's elements, each only
-  // when the major object does not have it yet.
+  /// Lock owner, state and lock status from the row's elements, each only
+  /// when the major object does not have it yet.
   void SetLockAndState(MabERixMajorObject& ioMajorObject) const;
-  // Clears the row state once a row is stored. A rejected row is not
-  // flushed: what it brought is carried into the next row.
+  /// Clears the row state once a row is stored. A rejected row is not
+  /// flushed: what it brought is carried into the next row.
   void Flush();
 
   unsigned char _InRow = 0;
@@ -49,8 +49,8 @@ private:
   KelUnicodeString _CADType;
   KelUnicodeString _Type;
   KelUnicodeString _Version;
-  // Accumulated over every row since the last Flush; the first value of a
-  // key stays.
+  /// Accumulated over every row since the last Flush; the first value of a
+  /// key stays.
   KelUnicodeStringKelUnicodeStringDico _ExtraAttributes;
   KelUnicodeStringKelUnicodeStringDico _ElementValues;
   MabRixCustomQueryResultValue* _pCustomQueryResultValue = nullptr;

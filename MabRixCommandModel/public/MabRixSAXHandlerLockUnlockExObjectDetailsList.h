@@ -1,9 +1,9 @@
-// Reads the answer to a lock or unlock command, a list of cadobject
-// elements, into a CAD object context: for each cadobject the object, its
-// current major object and its minor object are got or made, the element's
-// attributes copied onto them, and the major object marked with the outcome
-// the command layer gives. A reason element's text becomes the lock/unlock
-// error of the last cadobject's major object. Hands nothing to its parent.
+/// Reads the answer to a lock or unlock command, a list of cadobject elements, into a
+/// CAD object context: for each cadobject the object, its current major object and
+/// its minor object are got or made, the element's attributes copied onto them, and
+/// the major object marked with the outcome the command layer gives. A reason
+/// element's text becomes the lock/unlock error of the last cadobject's major object.
+/// Hands nothing to its parent. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerLockUnlockExObjectDetailsList_h
 #define MabRixSAXHandlerLockUnlockExObjectDetailsList_h
 
@@ -17,8 +17,8 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerLockUnlockExObjectDetailsList
   KelDeclareClass
 
 public:
-  // The context is borrowed, never released. iLockUnlockSuccess goes to
-  // every major object the handler fills.
+  /// The context is borrowed, never released. iLockUnlockSuccess goes to
+  /// every major object the handler fills.
   MabRixSAXHandlerLockUnlockExObjectDetailsList(MabRixSAXHandlerBase& iParent, MabRixCADObjectContext*& pObjectContext,
                                                 unsigned char iLockUnlockSuccess);
   ~MabRixSAXHandlerLockUnlockExObjectDetailsList() override;
@@ -35,14 +35,14 @@ private:
                      MabERixMajorObject& ioMajor, MabERixMinorObject& ioMinor);
   HRESULT Flush();
 
-  unsigned char _bInCADObject = KelFalse;  // set, read by nothing
+  unsigned char _bInCADObject = KelFalse;  ///< set, read by nothing
   unsigned char _bLockUnlockSuccess = KelFalse;
-  KelUnicodeString _CurrentElement;  // written, read by nothing
+  KelUnicodeString _CurrentElement;  ///< written, read by nothing
   KelUnicodeString _Type;
   KelUnicodeString _Name;
   MabRixCADObjectContext* _pObjectContext = nullptr;
-  // References taken and never given back (a failed cadobject's, a
-  // reason's major object); held here so that they end with the handler.
+  /// References taken and never given back (a failed cadobject's, a
+  /// reason's major object); held here so that they end with the handler.
   std::vector<KelBaseUnknown_var> _KeptReferences;
 };
 

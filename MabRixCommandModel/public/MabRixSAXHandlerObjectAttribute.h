@@ -1,7 +1,8 @@
-// Reads the content of one cadobject element into a
-// MabRixObjectAttributeValue: the text of every simple child element under
-// its name, the "preview" text also as a path, and every attribute element
-// as a name/value pair. Hands the value to its parent when cadobject closes.
+/// Reads the content of one cadobject element into a
+/// MabRixObjectAttributeValue: the text of every simple child element under
+/// its name, the "preview" text also as a path, and every attribute element
+/// as a name/value pair. Hands the value to its parent when cadobject closes.
+/// Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerObjectAttribute_h
 #define MabRixSAXHandlerObjectAttribute_h
 
@@ -29,11 +30,11 @@ private:
   void KeepElementText(const KelUnicodeString& iText);
   bool KeepAttribute(const MabRixAttributeValue& iAttribute);
 
-  KelUnicodeString _CurrentElement;                              // the child element most recently started
-  MabRixStringValueFormat* _pStringFormat = nullptr;             // owned: the format of every attribute's value
-  MabRixObjectAttributeValue* _pObjectAttributeValue = nullptr;  // owned: one reference
-  // Finished children no one else holds, one of each class, waiting for the
-  // next element that needs one: records repeat the same children.
+  KelUnicodeString _CurrentElement;                              ///< the child element most recently started
+  MabRixStringValueFormat* _pStringFormat = nullptr;             ///< owned: the format of every attribute's value
+  MabRixObjectAttributeValue* _pObjectAttributeValue = nullptr;  ///< owned: one reference
+  /// Finished children no one else holds, one of each class, waiting for the
+  /// next element that needs one: records repeat the same children.
   MabIRixSAXHandler_var _spSpareString;
   MabIRixSAXHandler_var _spSpareAttribute;
 };

@@ -1,8 +1,8 @@
-// Reads the answer to an object-details command, a list of cadobject
-// elements, straight into a CAD object context: for each cadobject the
-// object, its current major object and its minor object are got or made and
-// their properties set from the element's attributes, its revisioninfo and
-// access records and its text elements. Hands nothing to its parent.
+/// Reads the answer to an object-details command, a list of cadobject elements,
+/// straight into a CAD object context: for each cadobject the object, its current
+/// major object and its minor object are got or made and their properties set from the
+/// element's attributes, its revisioninfo and access records and its text elements.
+/// Hands nothing to its parent. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerObjectDetailsList_h
 #define MabRixSAXHandlerObjectDetailsList_h
 
@@ -19,12 +19,12 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerObjectDetailsList : public Ma
   KelDeclareClass
 
 public:
-  // The context is borrowed, never released.
+  /// The context is borrowed, never released.
   MabRixSAXHandlerObjectDetailsList(MabRixSAXHandlerBase& iParent, MabRixCADObjectContext*& pObjectContext);
   ~MabRixSAXHandlerObjectDetailsList() override;
 
-  // Optional: the response that says whether UUID conflicts can be resolved
-  // (borrowed, never released).
+  /// Optional: the response that says whether UUID conflicts can be resolved
+  /// (borrowed, never released).
   HRESULT SetObjDetailsResponsePtr(MabRixObjectDetailsResponse* iResponse);
 
   HRESULT StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes) override;
@@ -61,7 +61,7 @@ private:
   HRESULT FlushRevInfo();
 
   unsigned char _bInCADObject = KelFalse;
-  unsigned char _bInRevisionInfo = KelFalse;  // kept up to date, read by nothing
+  unsigned char _bInRevisionInfo = KelFalse;  ///< kept up to date, read by nothing
   KelUnicodeString _CurrentElement;
   KelUnicodeString _Type;
   KelUnicodeString _Name;
@@ -70,8 +70,8 @@ private:
   KelUnicodeString _Message;
   MabRixCADObjectContext* _pObjectContext = nullptr;
   MabRixObjectDetailsResponse* _pObjDetailsResponse = nullptr;
-  // References a revision record takes and never gives back; held here so
-  // that they end with the handler.
+  /// References a revision record takes and never gives back; held here so
+  /// that they end with the handler.
   std::vector<KelBaseUnknown_var> _KeptReferences;
 };
 

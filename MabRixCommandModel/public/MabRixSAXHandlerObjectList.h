@@ -1,9 +1,9 @@
-// Reads a list of cadobject elements into a type/name/revision object
-// context: for each one the object, its major object (the revision) and its
-// minor object (the version) are created or found and filled. The attributes
-// of cadobject are read here, its content by a MabRixSAXHandlerObjectAttribute
-// child; the object is committed when cadobject closes. Nothing is handed up:
-// the caller reads the context.
+/// Reads a list of cadobject elements into a type/name/revision object
+/// context: for each one the object, its major object (the revision) and its
+/// minor object (the version) are created or found and filled. The attributes
+/// of cadobject are read here, its content by a MabRixSAXHandlerObjectAttribute
+/// child; the object is committed when cadobject closes. Nothing is handed up:
+/// the caller reads the context. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerObjectList_h
 #define MabRixSAXHandlerObjectList_h
 
@@ -24,7 +24,7 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerObjectList : public MabRixSAX
   KelDeclareClass
 
 public:
-  // ipObjectContext is borrowed: it must outlive the handler.
+  /// ipObjectContext is borrowed: it must outlive the handler.
   MabRixSAXHandlerObjectList(MabRixSAXHandlerBase& iParent, MabRixTNRObjectContext*& ipObjectContext);
   ~MabRixSAXHandlerObjectList() override;
 
@@ -44,8 +44,8 @@ private:
   void FillIn(MabERixObject& iObject, MabERixMajorObject& iMajorObject, MabERixMinorObject& iMinorObject);
   HRESULT Flush();
 
-  // Per object; reset after each one, except version, revision and the two
-  // paths, which an object that lacks them takes from the previous one.
+  /// Per object; reset after each one, except version, revision and the two
+  /// paths, which an object that lacks them takes from the previous one.
   MabRixPath _ThumbnailPath;
   unsigned char _bLocked = KelFalse;
   KelUnicodeString _Locker;
@@ -62,9 +62,9 @@ private:
   KelUnicodeString _UUID;
   MabRixPath _DirectoryPath;
   MabRixPath _FilePath;
-  KelUnicodeStringKelUnicodeStringDico _ExtraAttributes;  // attribute name to value; first wins
-  KelUnicodeStringKelUnicodeStringDico _ElementValues;    // element name to text
-  MabRixTNRObjectContext* _pObjectContext = nullptr;      // borrowed
+  KelUnicodeStringKelUnicodeStringDico _ExtraAttributes;  ///< attribute name to value; first wins
+  KelUnicodeStringKelUnicodeStringDico _ElementValues;    ///< element name to text
+  MabRixTNRObjectContext* _pObjectContext = nullptr;      ///< borrowed
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerObjectList)

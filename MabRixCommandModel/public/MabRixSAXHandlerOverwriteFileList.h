@@ -1,6 +1,6 @@
-// Reads the files a command would overwrite: every filedetails element below
-// the handler's own element, at any depth, gives one entry busid -> filename
-// of a MabRixStringMapValue, handed to the parent when the element closes.
+/// Reads the files a command would overwrite: every filedetails element below the handler's own
+/// element, at any depth, gives one entry busid -> filename of a MabRixStringMapValue, handed
+/// to the parent when the element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerOverwriteFileList_h
 #define MabRixSAXHandlerOverwriteFileList_h
 
@@ -20,7 +20,7 @@ public:
   HRESULT EndElement(const KelUnicodeString& iName) override;
 
 private:
-  MabRixStringMapValue* _pMapValue = nullptr;  // one reference held
+  MabRixStringMapValue* _pMapValue = nullptr;  ///< one reference held
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerOverwriteFileList)

@@ -1,7 +1,7 @@
-// Reads a list of relationship elements into a type/name/revision object
-// context: each one is created with its id and kind and given the attributes
-// its XML attributes and attribute elements carry. Nothing is handed up: the
-// caller reads the context.
+/// Reads a list of relationship elements into a type/name/revision object
+/// context: each one is created with its id and kind and given the attributes
+/// its XML attributes and attribute elements carry. Nothing is handed up: the
+/// caller reads the context. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerRelationshipList_h
 #define MabRixSAXHandlerRelationshipList_h
 
@@ -16,7 +16,7 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerRelationshipList : public Mab
   KelDeclareClass
 
 public:
-  // ipObjectContext is borrowed: it must outlive the handler.
+  /// ipObjectContext is borrowed: it must outlive the handler.
   MabRixSAXHandlerRelationshipList(MabRixSAXHandlerBase& iParent, MabRixTNRObjectContext*& ipObjectContext);
   ~MabRixSAXHandlerRelationshipList() override;
 
@@ -29,12 +29,12 @@ private:
   HRESULT StartAttribute(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes);
   HRESULT EndRelationship();
 
-  KelUnicodeString _RelationshipKind;                 // "cadrelationship"
-  KelUnicodeString _RelationshipID;                   // "rid"
-  MabRixTNRObjectContext* _pObjectContext = nullptr;  // borrowed
-  KelUnicodeStringKelUnicodeStringDico _Attributes;   // of the current relationship; first wins
-  // The format the current attribute child reads its value with: made fresh
-  // for each attribute element, it lives as long as that child may use it.
+  KelUnicodeString _RelationshipKind;                 ///< "cadrelationship"
+  KelUnicodeString _RelationshipID;                   ///< "rid"
+  MabRixTNRObjectContext* _pObjectContext = nullptr;  ///< borrowed
+  KelUnicodeStringKelUnicodeStringDico _Attributes;   ///< of the current relationship; first wins
+  /// The format the current attribute child reads its value with: made fresh
+  /// for each attribute element, it lives as long as that child may use it.
   KelVar<MabRixStringValueFormat> _spAttributeFormat;
 };
 

@@ -1,5 +1,5 @@
-// The command layer's handler around the parser: it starts the handler of a
-// response on the right element and keeps the values handed up to it.
+/// The command layer's handler around the parser: it starts the handler of a response on the right
+/// element and keeps the values handed up to it. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerRoot_h
 #define MabRixSAXHandlerRoot_h
 

@@ -1,5 +1,5 @@
-// Leaf handler: reads the text of one element into a MabRixStringValue and
-// hands it to its parent when the element closes.
+/// Leaf handler: reads the text of one element into a MabRixStringValue and
+/// hands it to its parent when the element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerString_h
 #define MabRixSAXHandlerString_h
 

@@ -1,6 +1,6 @@
-// Leaf handler: reads the text of one element as a list cut at every list
-// separator and hands a MabRixStringListValue to its parent when the element
-// closes.
+/// Leaf handler: reads the text of one element as a list cut at every list
+/// separator and hands a MabRixStringListValue to its parent when the element
+/// closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerStringList_h
 #define MabRixSAXHandlerStringList_h
 

@@ -1,5 +1,5 @@
-// Leaf handler: reads the text of one element as a map whose values are lists
-// and hands a MabRixStringListMapValue to its parent when the element closes.
+/// Leaf handler: reads the text of one element as a map whose values are lists and hands a MabRixStringListMapValue
+/// to its parent when the element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerStringListMap_h
 #define MabRixSAXHandlerStringListMap_h
 
@@ -10,7 +10,7 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerStringListMap : public MabRix
   KelDeclareClass
 
 public:
-  // The separators go to MabRixStringUtils::GetListMap in this order.
+  /// The separators go to MabRixStringUtils::GetListMap in this order.
   MabRixSAXHandlerStringListMap(MabRixSAXHandlerBase& iParent, const KelUnicodeString& iFirstSeparator,
                                 const KelUnicodeString& iSecondSeparator, const KelUnicodeString& iListSeparator);
   ~MabRixSAXHandlerStringListMap() override;

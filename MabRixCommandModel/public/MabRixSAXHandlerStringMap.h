@@ -1,6 +1,6 @@
-// Leaf handler: reads the text of one element as a map (entries and key from
-// value cut by two separators) and hands a MabRixStringMapValue to its parent
-// when the element closes.
+/// Leaf handler: reads the text of one element as a map (entries and key from
+/// value cut by two separators) and hands a MabRixStringMapValue to its parent
+/// when the element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerStringMap_h
 #define MabRixSAXHandlerStringMap_h
 
@@ -11,7 +11,7 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerStringMap : public MabRixSAXH
   KelDeclareClass
 
 public:
-  // The separators go to MabRixStringUtils::GetMap in this order.
+  /// The separators go to MabRixStringUtils::GetMap in this order.
   MabRixSAXHandlerStringMap(MabRixSAXHandlerBase& iParent, const KelUnicodeString& iFirstSeparator,
                             const KelUnicodeString& iSecondSeparator);
   ~MabRixSAXHandlerStringMap() override;

@@ -1,7 +1,7 @@
-// Reads the user's workspaces: one empty "row" per workspace whose
-// attributes carry its row ID, OID, name, revision and type, into a
-// MabRixWorkspaceListQueryResultValue. The value goes to the parent when the
-// handler's own element closes.
+/// Reads the user's workspaces: one empty "row" per workspace whose
+/// attributes carry its row ID, OID, name, revision and type, into a
+/// MabRixWorkspaceListQueryResultValue. The value goes to the parent when the
+/// handler's own element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerWorkspaceListQueryResult_h
 #define MabRixSAXHandlerWorkspaceListQueryResult_h
 
@@ -21,7 +21,7 @@ public:
   HRESULT StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes) override;
   HRESULT EndElement(const KelUnicodeString& iName) override;
 
-  // The result under construction.
+  /// The result under construction.
   MabRixWorkspaceListQueryResultValue* GetWorkspaceListValue() const { return _pWorkspaceListValue; }
 
 private:

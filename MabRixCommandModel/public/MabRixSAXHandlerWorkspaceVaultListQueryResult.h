@@ -1,7 +1,7 @@
-// Reads the vaults of a workspace: one empty "row" per vault whose
-// attributes carry its row ID, OID, parent ID, name, revision and type, into
-// a MabRixWorkspaceVaultListQueryResultValue. The value goes to the parent
-// when the handler's own element closes.
+/// Reads the vaults of a workspace: one empty "row" per vault whose
+/// attributes carry its row ID, OID, parent ID, name, revision and type, into
+/// a MabRixWorkspaceVaultListQueryResultValue. The value goes to the parent
+/// when the handler's own element closes. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerWorkspaceVaultListQueryResult_h
 #define MabRixSAXHandlerWorkspaceVaultListQueryResult_h
 
@@ -21,7 +21,7 @@ public:
   HRESULT StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes) override;
   HRESULT EndElement(const KelUnicodeString& iName) override;
 
-  // The result under construction.
+  /// The result under construction.
   MabRixWorkspaceVaultListQueryResultValue* GetVaultListValue() const { return _pVaultListValue; }
 
 private:

@@ -1,7 +1,7 @@
-// Reads a list written as child elements of one name: the text of each item
-// element, read by a string handler, in document order. Hands a
-// MabRixStringListValue to its parent when the list element closes. Elements
-// of other names are skipped.
+/// Reads a list written as child elements of one name: the text of each item
+/// element, read by a string handler, in document order. Hands a
+/// MabRixStringListValue to its parent when the list element closes. Elements
+/// of other names are skipped. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerXMLStringList_h
 #define MabRixSAXHandlerXMLStringList_h
 
@@ -22,7 +22,7 @@ public:
 
 private:
   KelUnicodeString _ItemElement;
-  KelUnicodeString _CurrentElement;  // the element most recently started
+  KelUnicodeString _CurrentElement;  ///< the element most recently started
   KelUnicodeStringList _Items;
 };
 

@@ -1,7 +1,7 @@
-// Reads a map of lists written as "attribute" elements: each attribute's
-// value is one text cut into a list by the separator (through a string list
-// format). Hands a MabRixStringListMapValue to its parent when the map
-// element closes. Any other element inside the map is a failure at its end.
+/// Reads a map of lists written as "attribute" elements: each attribute's value is one text
+/// cut into a list by the separator (through a string list format). Hands a
+/// MabRixStringListMapValue to its parent when the map element closes. Any other element
+/// inside the map is a failure at its end. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSAXHandlerXMLStringListMap_h
 #define MabRixSAXHandlerXMLStringListMap_h
 
@@ -24,7 +24,7 @@ public:
 
 private:
   KelUnicodeString _ListSeparator;
-  MabRixStringListValueFormat* _pListFormat = nullptr;  // owned
+  MabRixStringListValueFormat* _pListFormat = nullptr;  ///< owned
   KelUnicodeStringListKelUnicodeStringDico _Entries;
 };
 

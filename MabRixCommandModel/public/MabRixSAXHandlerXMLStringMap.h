@@ -1,10 +1,10 @@
-// Reads a map written as child elements, in one of two modes fixed by the
-// constructor:
-// - attribute mode: one "attribute" element per entry (name and string
-//   value, read by an attribute handler with a string format);
-// - key/value mode: a key element then a value element per entry, read from
-//   their text directly; the first value of a key wins.
-// Hands a MabRixStringMapValue to its parent when the map element closes.
+/// Reads a map written as child elements, in one of two modes fixed by the
+/// constructor:
+/// - attribute mode: one "attribute" element per entry (name and string
+/// value, read by an attribute handler with a string format);
+/// - key/value mode: a key element then a value element per entry, read from
+/// their text directly; the first value of a key wins. Ownership, threads, errors: @ref conventions.
+/// Hands a MabRixStringMapValue to its parent when the map element closes. @file
 #ifndef MabRixSAXHandlerXMLStringMap_h
 #define MabRixSAXHandlerXMLStringMap_h
 
@@ -18,9 +18,9 @@ class ExportedByMabRixCommandModel MabRixSAXHandlerXMLStringMap : public MabRixS
   KelDeclareClass
 
 public:
-  // Attribute mode.
+  /// Attribute mode.
   explicit MabRixSAXHandlerXMLStringMap(MabRixSAXHandlerBase& iParent);
-  // Key/value mode.
+  /// Key/value mode.
   MabRixSAXHandlerXMLStringMap(MabRixSAXHandlerBase& iParent, const KelUnicodeString& iKeyElement,
                                const KelUnicodeString& iValueElement);
   ~MabRixSAXHandlerXMLStringMap() override;
@@ -34,11 +34,11 @@ private:
   void KeepKeyOrValue();
 
   KelUnicodeStringKelUnicodeStringDico _Entries;
-  MabRixStringValueFormat* _pStringFormat = nullptr;  // owned; attribute mode only
-  KelUnicodeString _CurrentElement;                   // the element most recently started
+  MabRixStringValueFormat* _pStringFormat = nullptr;  ///< owned; attribute mode only
+  KelUnicodeString _CurrentElement;                   ///< the element most recently started
   KelUnicodeString _KeyElement;
   KelUnicodeString _ValueElement;
-  KelUnicodeString _CurrentKey;  // text of the last key element; never cleared
+  KelUnicodeString _CurrentKey;  ///< text of the last key element; never cleared
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerXMLStringMap)

@@ -1,7 +1,7 @@
-// Format of a map of string lists, in one of two written forms fixed at
-// construction: XML ("attribute" elements whose values are cut by the list
-// separator, read by MabRixSAXHandlerXMLStringListMap) or delimited (one text
-// cut by three separators, read by MabRixSAXHandlerStringListMap).
+/// Format of a map of string lists, in one of two written forms fixed at
+/// construction: XML ("attribute" elements whose values are cut by the list
+/// separator, read by MabRixSAXHandlerXMLStringListMap) or delimited (one text
+/// cut by three separators, read by MabRixSAXHandlerStringListMap). Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixStringListMapValueFormat_h
 #define MabRixStringListMapValueFormat_h
 
@@ -12,9 +12,9 @@ class ExportedByMabRixCommandModel MabRixStringListMapValueFormat : public MabRi
   KelDeclareClass
 
 public:
-  // XML form: only the list separator is used.
+  /// XML form: only the list separator is used.
   explicit MabRixStringListMapValueFormat(const KelUnicodeString& iListSeparator);
-  // Delimited form.
+  /// Delimited form.
   MabRixStringListMapValueFormat(const KelUnicodeString& iFirstSeparator, const KelUnicodeString& iSecondSeparator,
                                  const KelUnicodeString& iListSeparator);
   MabRixStringListMapValueFormat(const MabRixStringListMapValueFormat&) = default;

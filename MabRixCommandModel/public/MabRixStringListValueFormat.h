@@ -1,5 +1,5 @@
-// Format of a list written as one text cut by a separator: read by
-// MabRixSAXHandlerStringList.
+/// Format of a list written as one text cut by a separator: read by
+/// MabRixSAXHandlerStringList. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixStringListValueFormat_h
 #define MabRixStringListValueFormat_h
 

@@ -1,7 +1,7 @@
-// Format of a map of strings, in one of two written forms fixed at
-// construction: XML (entries as "attribute" elements, read by
-// MabRixSAXHandlerXMLStringMap) or delimited (one text cut by two
-// separators, read by MabRixSAXHandlerStringMap).
+/// Format of a map of strings, in one of two written forms fixed at
+/// construction: XML (entries as "attribute" elements, read by
+/// MabRixSAXHandlerXMLStringMap) or delimited (one text cut by two
+/// separators, read by MabRixSAXHandlerStringMap). Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixStringMapValueFormat_h
 #define MabRixStringMapValueFormat_h
 
@@ -12,9 +12,9 @@ class ExportedByMabRixCommandModel MabRixStringMapValueFormat : public MabRixVal
   KelDeclareClass
 
 public:
-  // XML form.
+  /// XML form.
   MabRixStringMapValueFormat();
-  // Delimited form, even when both separators are empty.
+  /// Delimited form, even when both separators are empty.
   MabRixStringMapValueFormat(const KelUnicodeString& iFirstSeparator, const KelUnicodeString& iSecondSeparator);
   MabRixStringMapValueFormat(const MabRixStringMapValueFormat&) = default;
   MabRixStringMapValueFormat& operator=(const MabRixStringMapValueFormat&) = default;

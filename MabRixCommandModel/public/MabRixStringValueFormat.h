@@ -1,4 +1,4 @@
-// Format of a value written as plain text: read by MabRixSAXHandlerString.
+/// Format of a value written as plain text: read by MabRixSAXHandlerString. See @ref conventions. @file
 #ifndef MabRixStringValueFormat_h
 #define MabRixStringValueFormat_h
 

@@ -1,7 +1,7 @@
-// How the value of an element is written, and the factory of the handler
-// that reads it. The command layer builds formats and lends them to the
-// handlers; a handler asks its format for a new sub-handler each time it
-// meets a value.
+/// How the value of an element is written, and the factory of the handler
+/// that reads it. The command layer builds formats and lends them to the
+/// handlers; a handler asks its format for a new sub-handler each time it
+/// meets a value. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixValueFormat_h
 #define MabRixValueFormat_h
 
@@ -20,15 +20,15 @@ public:
   MabRixValueFormat& operator=(const MabRixValueFormat&) = default;
   ~MabRixValueFormat() override;
 
-  // Creates (does not start) a new handler for the value, with iParent as its
-  // parent, into oHandler. oHandler's previous handler is released first (a
-  // format may instead read it again when no one else can see it: see
-  // MabRixSAXHandlerBase::RenewChild). E_FAIL when no handler could be made.
+  /// Creates (does not start) a new handler for the value, with iParent as its
+  /// parent, into oHandler. oHandler's previous handler is released first (a
+  /// format may instead read it again when no one else can see it: see
+  /// MabRixSAXHandlerBase::RenewChild). E_FAIL when no handler could be made.
   virtual HRESULT GetSubHandler(MabRixSAXHandlerBase& iParent, MabIRixSAXHandler_var& oHandler) = 0;
 
 protected:
-  // The three steps every format takes, for a handler built from
-  // (iParent, iArguments...).
+  /// The three steps every format takes, for a handler built from
+  /// (iParent, iArguments...).
   template <class Handler, class... Arguments>
   static HRESULT CreateSubHandler(MabIRixSAXHandler_var& oHandler, MabRixSAXHandlerBase& iParent,
                                   const Arguments&... iArguments)

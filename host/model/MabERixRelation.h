@@ -1,5 +1,5 @@
-// A relation of a TNR context: the object that contains another one, the
-// relationship id between them and the contained object.
+/// A relation of a TNR context: the object that contains another one, the
+/// relationship id between them and the contained object. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabERixRelation_h
 #define MabERixRelation_h
 

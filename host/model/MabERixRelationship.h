@@ -1,5 +1,5 @@
-// A relationship of a TNR context, known by its id and kind, with the
-// attributes the server gave it.
+/// A relationship of a TNR context, known by its id and kind, with the
+/// attributes the server gave it. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabERixRelationship_h
 #define MabERixRelationship_h
 
@@ -21,7 +21,7 @@ public:
   const KelUnicodeString& GetID() const { return _ID; }
   const KelUnicodeString& GetKind() const { return _Kind; }
 
-  KelUnicodeStringKelUnicodeStringDico _Attributes;  // attribute name to value
+  KelUnicodeStringKelUnicodeStringDico _Attributes;  ///< attribute name to value
 
 private:
   KelUnicodeString _ID;

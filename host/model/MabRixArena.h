@@ -1,8 +1,8 @@
-// Memory of one object context: a monotonic arena that hands out pieces of
-// large chunks and frees them all at once when it is destroyed. Chunks grow
-// from a few kilobytes for a small response up to several megabytes for a
-// large one; those are offered to the kernel for huge pages, which spares
-// the page faults of touching millions of small pages.
+/// Memory of one object context: a monotonic arena that hands out pieces of
+/// large chunks and frees them all at once when it is destroyed. Chunks grow
+/// from a few kilobytes for a small response up to several megabytes for a
+/// large one; those are offered to the kernel for huge pages, which spares
+/// the page faults of touching millions of small pages. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixArena_h
 #define MabRixArena_h
 
@@ -16,8 +16,8 @@ public:
   MabRixArena& operator=(const MabRixArena&) = delete;
   ~MabRixArena();
 
-  // iBytes of room aligned on iAlignment (a power of two at most 16). Throws
-  // std::bad_alloc like operator new when the memory is not there.
+  /// iBytes of room aligned on iAlignment (a power of two at most 16). Throws
+  /// std::bad_alloc like operator new when the memory is not there.
   void* Allocate(std::size_t iBytes, std::size_t iAlignment = alignof(std::max_align_t))
   {
     char* pStart = Align(_pTop, iAlignment);
@@ -27,8 +27,8 @@ public:
     return pStart;
   }
 
-  // Grows the latest allocation, ipPiece of iOldBytes, to iNewBytes in place
-  // when the chunk has the room; false (nothing changed) otherwise.
+  /// Grows the latest allocation, ipPiece of iOldBytes, to iNewBytes in place
+  /// when the chunk has the room; false (nothing changed) otherwise.
   bool Extend(void* ipPiece, std::size_t iOldBytes, std::size_t iNewBytes)
   {
     char* pPiece = static_cast<char*>(ipPiece);
@@ -38,7 +38,7 @@ public:
     return true;
   }
 
-  // Bytes of every chunk taken so far.
+  /// Bytes of every chunk taken so far.
   std::size_t GetReservedBytes() const { return _Reserved; }
 
 private:

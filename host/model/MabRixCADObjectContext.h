@@ -1,13 +1,13 @@
-// Object context keyed by CAD object: one object and one minor object per
-// type and name, major objects per type, name and revision, and a current
-// revision per type and name.
-//
-// Until SetMajorRevision names a current revision, the two-string
-// CreateMajorObject gives one revision-less major object of the type and
-// name; the first SetMajorRevision makes that major object the one of the
-// revision it names (unless that revision already has one). Once a revision
-// is current, the two-string CreateMajorObject gives (gets or creates) the
-// major object of the current revision.
+/// Object context keyed by CAD object: one object and one minor object per
+/// type and name, major objects per type, name and revision, and a current
+/// revision per type and name.
+///
+/// Until SetMajorRevision names a current revision, the two-string
+/// CreateMajorObject gives one revision-less major object of the type and
+/// name; the first SetMajorRevision makes that major object the one of the
+/// revision it names (unless that revision already has one). Once a revision
+/// is current, the two-string CreateMajorObject gives (gets or creates) the
+/// major object of the current revision. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixCADObjectContext_h
 #define MabRixCADObjectContext_h
 
@@ -23,25 +23,25 @@ public:
   MabRixCADObjectContext() = default;
 
   using MabRixObjectContext::CreateMajorObject;
-  // The major object of the current revision (see above). New reference.
+  /// The major object of the current revision (see above). New reference.
   MabERixMajorObject* CreateMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName);
-  // The minor object of a type and name. New reference.
+  /// The minor object of a type and name. New reference.
   MabERixMinorObject* CreateMinorObject(const KelUnicodeString& iType, const KelUnicodeString& iName);
 
-  // Makes iRevision the current revision of the type and name (the object
-  // is got or created). E_FAIL, nothing changed, for an empty revision.
+  /// Makes iRevision the current revision of the type and name (the object
+  /// is got or created). E_FAIL, nothing changed, for an empty revision.
   HRESULT SetMajorRevision(const KelUnicodeString& iType, const KelUnicodeString& iName,
                            const KelUnicodeString& iRevision);
 
-  // The major object the two-string CreateMajorObject would give for iID's
-  // type and name, without creating it; null when there is none.
+  /// The major object the two-string CreateMajorObject would give for iID's
+  /// type and name, without creating it; null when there is none.
   virtual KelBaseUnknown_var GetMajorObject(const MabRixObjectID& iID);
   // GetObject and GetMinorObject take MabRixObjectID(type, name).
 
 private:
   MabERixMajorObject* FindCurrentMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName) const;
 
-  // Revision-less major objects by their object.
+  /// Revision-less major objects by their object.
   std::unordered_map<const MabERixObject*, MabERixMajorObject*> _PendingMajorIndex;
 };
 

@@ -1,5 +1,5 @@
-// Identifier of the document behind a minor object: its CAD type, its name
-// and its file path.
+/// Identifier of the document behind a minor object: its CAD type, its name
+/// and its file path. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixDocumentID_h
 #define MabRixDocumentID_h
 

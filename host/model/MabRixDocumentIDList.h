@@ -1,5 +1,5 @@
-// Ordered list of document IDs. Positions count from 0; a position outside
-// the list reads as an empty document ID.
+/// Ordered list of document IDs. Positions count from 0; a position outside
+/// the list reads as an empty document ID. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixDocumentIDList_h
 #define MabRixDocumentIDList_h
 

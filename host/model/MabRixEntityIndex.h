@@ -1,8 +1,8 @@
-// Index of a context's entities by key. Every entity holds its own key parts
-// (type, name, revision, ID...), so the index keeps no key text: it is a flat
-// table of (hash, entity) pairs with linear probing. A lookup hashes the key
-// parts once, with no allocation, and compares the parts only with the
-// entities whose hash matches.
+/// Index of a context's entities by key. Every entity holds its own key parts
+/// (type, name, revision, ID...), so the index keeps no key text: it is a flat
+/// table of (hash, entity) pairs with linear probing. A lookup hashes the key
+/// parts once, with no allocation, and compares the parts only with the
+/// entities whose hash matches. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixEntityIndex_h
 #define MabRixEntityIndex_h
 
@@ -15,7 +15,7 @@
 
 #include "KelUnicodeString.h"
 
-// Hash of a key made of parts, in order ("a","bc" and "ab","c" differ).
+/// Hash of a key made of parts, in order ("a","bc" and "ab","c" differ).
 inline std::size_t MabRixKeyHash(std::initializer_list<const KelUnicodeString*> iParts)
 {
   std::uint64_t Hash = 0x9E3779B97F4A7C15u;
@@ -32,7 +32,7 @@ template <class T>
 class MabRixEntityIndex
 {
 public:
-  // The entity of hash iHash for which iMatches(entity) holds; null when none.
+  /// The entity of hash iHash for which iMatches(entity) holds; null when none.
   template <class Matches>
   T* Find(std::size_t iHash, Matches&& iMatches) const
   {
@@ -48,9 +48,9 @@ public:
     }
   }
 
-  // The entity of hash iHash for which iMatches(entity) holds; when there is
-  // none, the one iMake() returns, entered in its place: one probe sequence
-  // both finds and inserts. iMake must not change this index.
+  /// The entity of hash iHash for which iMatches(entity) holds; when there is
+  /// none, the one iMake() returns, entered in its place: one probe sequence
+  /// both finds and inserts. iMake must not change this index.
   template <class Matches, class Make>
   T* FindOrAdd(std::size_t iHash, Matches&& iMatches, Make&& iMake)
   {
@@ -71,7 +71,7 @@ public:
     }
   }
 
-  // Enters an entity whose key is not in the index yet (borrowed pointer).
+  /// Enters an entity whose key is not in the index yet (borrowed pointer).
   void Add(std::size_t iHash, T* ipEntity)
   {
     if (2 * (_Count + 1) > _Slots.size())
@@ -95,7 +95,7 @@ private:
     _Slots[i] = Slot{iHash, ipEntity};
   }
 
-  // At most half full: probes stay short.
+  /// At most half full: probes stay short.
   void Grow()
   {
     std::vector<Slot> Old(_Slots.empty() ? 16 : 2 * _Slots.size(), Slot{0, nullptr});

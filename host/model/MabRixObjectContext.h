@@ -1,12 +1,12 @@
-// Common part of the object contexts: it owns every entity created in it and
-// releases them when it is destroyed. Each kind of entity is enumerated in
-// creation order. The entities and their data live in the context's store
-// (MabRixContextStore), which outlives the context while a caller holds any
-// of them.
-//
-// Create operations get or create: a repeated creation for the same key
-// returns the same entity. Unless stated otherwise they return a new
-// reference that the caller releases, or null when the entity cannot be made.
+/// Common part of the object contexts: it owns every entity created in it and
+/// releases them when it is destroyed. Each kind of entity is enumerated in
+/// creation order. The entities and their data live in the context's store
+/// (MabRixContextStore), which outlives the context while a caller holds any
+/// of them. Ownership, threads, errors: @ref conventions.
+///
+/// Create operations get or create: a repeated creation for the same key
+/// returns the same entity. Unless stated otherwise they return a new
+/// reference that the caller releases, or null when the entity cannot be made. @file
 #ifndef MabRixObjectContext_h
 #define MabRixObjectContext_h
 
@@ -31,19 +31,19 @@ public:
   MabRixObjectContext(const MabRixObjectContext&) = delete;
   MabRixObjectContext& operator=(const MabRixObjectContext&) = delete;
 
-  // The object of a type and name.
+  /// The object of a type and name.
   MabERixObject* CreateObject(const KelUnicodeString& iType, const KelUnicodeString& iName);
-  // The major object of a type, name and revision; its object is got or
-  // created with it.
+  /// The major object of a type, name and revision; its object is got or
+  /// created with it.
   MabERixMajorObject* CreateMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
                                         const KelUnicodeString& iRevision);
 
-  // The object of iID's type and name; null when there is none.
+  /// The object of iID's type and name; null when there is none.
   virtual KelBaseUnknown_var GetObject(const MabRixObjectID& iID);
-  // The minor object created with an ID equal to iID; null when none.
+  /// The minor object created with an ID equal to iID; null when none.
   virtual KelBaseUnknown_var GetMinorObject(const MabRixObjectID& iID);
 
-  // Content, each kind in creation order.
+  /// Content, each kind in creation order.
   const std::vector<MabERixObject_var>& GetObjects() const { return _Objects; }
   const std::vector<MabERixMajorObject_var>& GetMajorObjects() const { return _MajorObjects; }
   const std::vector<MabERixMinorObject_var>& GetMinorObjects() const { return _MinorObjects; }
@@ -56,17 +56,17 @@ protected:
 
   MabRixContextStore& GetStore() const { return *_pStore; }
 
-  // Finders and makers below return the context's own pointer (no new
-  // reference).
+  /// Finders and makers below return the context's own pointer (no new
+  /// reference).
   MabERixObject* FindObject(const KelUnicodeString& iType, const KelUnicodeString& iName) const;
   MabERixObject* FindOrAddObject(const KelUnicodeString& iType, const KelUnicodeString& iName);
   MabERixMajorObject* FindMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
                                       const KelUnicodeString& iRevision) const;
   MabERixMajorObject* FindOrAddMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName,
                                            const KelUnicodeString& iRevision);
-  // A major object of iObject entered in no revision index.
+  /// A major object of iObject entered in no revision index.
   MabERixMajorObject* AddUnindexedMajorObject(MabERixObject& iObject, const KelUnicodeString& iRevision);
-  // Enters an existing major object in the index of its key revision.
+  /// Enters an existing major object in the index of its key revision.
   void IndexMajorObject(MabERixMajorObject& iMajor);
   MabERixMinorObject* FindMinorObject(const MabRixObjectID& iID) const;
   MabERixMinorObject* FindOrAddMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
@@ -76,7 +76,7 @@ protected:
   MabERixRelation* FindOrAddRelation(const MabRixObjectID& iFrom, const KelUnicodeString& iRelationshipID,
                                      const MabRixObjectID& iTo);
 
-  // A new reference to ipEntity for the caller (null stays null).
+  /// A new reference to ipEntity for the caller (null stays null).
   template <class T>
   static T* NewReference(T* ipEntity)
   {
@@ -86,7 +86,7 @@ protected:
   }
 
 private:
-  MabRixContextStore* _pStore;  // one reference, released after every entity
+  MabRixContextStore* _pStore;  ///< one reference, released after every entity
 
   std::vector<MabERixObject_var> _Objects;
   std::vector<MabERixMajorObject_var> _MajorObjects;
@@ -94,7 +94,7 @@ private:
   std::vector<MabERixRelationship_var> _Relationships;
   std::vector<MabERixRelation_var> _Relations;
 
-  // The entities above by their keys (borrowed pointers).
+  /// The entities above by their keys (borrowed pointers).
   MabRixEntityIndex<MabERixObject> _ObjectIndex;
   MabRixEntityIndex<MabERixMajorObject> _MajorIndex;
   MabRixEntityIndex<MabERixMinorObject> _MinorIndex;

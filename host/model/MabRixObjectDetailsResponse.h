@@ -1,5 +1,5 @@
-// What the command layer tells the object-details reading about the client:
-// whether it can resolve UUID conflicts (FALSE unless set).
+/// What the command layer tells the object-details reading about the client:
+/// whether it can resolve UUID conflicts (FALSE unless set). Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixObjectDetailsResponse_h
 #define MabRixObjectDetailsResponse_h
 

@@ -1,6 +1,6 @@
-// Identifier of an object in an object context: either a single id (the CAD
-// id of a minor object in a TNR context) or a type and a name (the key of an
-// object in a CAD context). Two IDs are equal when all their parts are.
+/// Identifier of an object in an object context: either a single id (the CAD id of a minor
+/// object in a TNR context) or a type and a name (the key of an object in a CAD context). Two
+/// IDs are equal when all their parts are. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixObjectID_h
 #define MabRixObjectID_h
 
@@ -24,7 +24,7 @@ public:
   const KelUnicodeString& GetType() const { return _pTypeName ? _pTypeName->_Type : Empty(); }
   const KelUnicodeString& GetName() const { return _pTypeName ? _pTypeName->_Name : Empty(); }
 
-  // A text that identifies the ID: equal keys exactly for equal IDs.
+  /// A text that identifies the ID: equal keys exactly for equal IDs.
   KelUnicodeString GetKey() const;
 
   bool operator==(const MabRixObjectID& iOther) const
@@ -33,13 +33,13 @@ public:
   }
   bool operator!=(const MabRixObjectID& iOther) const { return !(*this == iOther); }
 
-  // One text made of the parts, each prefixed with its byte length, so that
-  // different part lists never give the same key.
+  /// One text made of the parts, each prefixed with its byte length, so that
+  /// different part lists never give the same key.
   static KelUnicodeString ComposeKey(std::initializer_list<const KelUnicodeString*> iParts);
 
 private:
-  // An ID has an id or a type and name, seldom both: the type and name take
-  // room only when there are some (a TNR context keeps millions of IDs).
+  /// An ID has an id or a type and name, seldom both: the type and name take
+  /// room only when there are some (a TNR context keeps millions of IDs).
   struct TypeName
   {
     KelUnicodeString _Type;
@@ -49,7 +49,7 @@ private:
   static const KelUnicodeString& Empty();
 
   KelUnicodeString _ID;
-  std::unique_ptr<TypeName> _pTypeName;  // null while both are empty
+  std::unique_ptr<TypeName> _pTypeName;  ///< null while both are empty
 };
 
 #endif

@@ -1,5 +1,5 @@
-// File path of a document, as the server and the client name it. A path is
-// valid when it is not empty; joining two paths puts one "/" between them.
+/// File path of a document, as the server and the client name it. A path is valid when it is not empty;
+/// joining two paths puts one "/" between them. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixPath_h
 #define MabRixPath_h
 
@@ -12,7 +12,7 @@ public:
   MabRixPath(const KelUnicodeString& iPath) : _Path(iPath) {}
   MabRixPath(const char* iPath) : _Path(iPath) {}
 
-  // True when the path is not empty.
+  /// True when the path is not empty.
   bool IsValid() const { return !_Path.IsEmpty(); }
 
   // iRight appended with one "/" at the joint (none added when one side

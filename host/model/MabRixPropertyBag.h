@@ -1,14 +1,14 @@
-// The properties of an object-model entity that have been set, in the order
-// they were first set. A property is known by its field name ("CADType",
-// "LockStatus", "MinorDocumentID"...) and holds one typed value. Setting a
-// property again replaces its value and keeps its place. Reading a property
-// that was never set, or reading it as another type, fails.
-//
-// An entity carries a dozen properties, most of them short texts, and a large
-// context holds millions of entities: the values are kept serialized in one
-// contiguous block per entity, each record a property id, the value's type,
-// its length and its bytes. Values are decoded when read; GetSetProperties
-// gives them back as MabRixProperty items.
+/// The properties of an object-model entity that have been set, in the order
+/// they were first set. A property is known by its field name ("CADType",
+/// "LockStatus", "MinorDocumentID"...) and holds one typed value. Setting a
+/// property again replaces its value and keeps its place. Reading a property
+/// that was never set, or reading it as another type, fails.
+///
+/// An entity carries a dozen properties, most of them short texts, and a large
+/// context holds millions of entities: the values are kept serialized in one
+/// contiguous block per entity, each record a property id, the value's type,
+/// its length and its bytes. Values are decoded when read; GetSetProperties
+/// gives them back as MabRixProperty items. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixPropertyBag_h
 #define MabRixPropertyBag_h
 
@@ -26,19 +26,19 @@
 
 class MabRixArena;
 
-// Value of a property: a text, a flag (FALSE/TRUE), a list of texts, a path
-// or a document ID.
+/// Value of a property: a text, a flag (FALSE/TRUE), a list of texts, a path
+/// or a document ID.
 typedef std::variant<KelUnicodeString, unsigned char, KelUnicodeStringList, MabRixPath, MabRixDocumentID>
     MabRixPropertyValue;
 
 struct MabRixProperty
 {
-  const char* _Name;  // field name, a literal of the entity class
+  const char* _Name;  ///< field name, a literal of the entity class
   MabRixPropertyValue _Value;
 };
 
-// Every property field name of the entity classes; a property is stored
-// under its position here.
+/// Every property field name of the entity classes; a property is stored
+/// under its position here.
 inline constexpr const char* MabRixPropertyNames[] = {"Type",
                                                       "Name",
                                                       "CADType",
@@ -72,7 +72,7 @@ typedef unsigned char MabRixPropertyId;
 
 void MabRixUnknownPropertyName();  // never defined: an unknown name does not compile
 
-// The id of a field name, computed at compile time.
+/// The id of a field name, computed at compile time.
 consteval MabRixPropertyId MabRixPropertyIdOf(std::string_view iName)
 {
   for (std::size_t i = 0; i < std::size(MabRixPropertyNames); ++i)
@@ -82,9 +82,9 @@ consteval MabRixPropertyId MabRixPropertyIdOf(std::string_view iName)
   return 0;
 }
 
-// The set properties, in the order of first setting. An iterator decodes
-// the property it points at; the list stays valid while the entity is
-// neither changed nor destroyed.
+/// The set properties, in the order of first setting. An iterator decodes
+/// the property it points at; the list stays valid while the entity is
+/// neither changed nor destroyed.
 class MabRixPropertyList
 {
 public:
@@ -115,7 +115,7 @@ public:
   const_iterator end() const { return const_iterator(_pEnd); }
   std::size_t size() const;
   bool empty() const { return _pBegin == _pEnd; }
-  // The property at iPosition (< size()), decoded.
+  /// The property at iPosition (< size()), decoded.
   MabRixProperty operator[](std::size_t iPosition) const;
 
 private:
@@ -147,8 +147,8 @@ public:
   HRESULT Set(MabRixPropertyId iId, const KelUnicodeStringList& iValue);
   HRESULT Set(MabRixPropertyId iId, const MabRixDocumentID& iValue);
 
-  // E_FAIL, oValue untouched, when the property is not set or holds
-  // another type.
+  /// E_FAIL, oValue untouched, when the property is not set or holds
+  /// another type.
   template <class T>
   HRESULT Get(MabRixPropertyId iId, T& oValue) const
   {
@@ -161,22 +161,22 @@ public:
 
   bool IsSet(MabRixPropertyId iId) const { return Find(iId) != nullptr; }
 
-  // Every property set so far, in the order of first setting.
+  /// Every property set so far, in the order of first setting.
   MabRixPropertyList GetSetProperties() const { return MabRixPropertyList(_pBlock, _pBlock + _Used); }
 
-  // Blocks of an entity that lives in a context come from the context's
-  // arena (which frees them all at once); otherwise from the heap.
+  /// Blocks of an entity that lives in a context come from the context's
+  /// arena (which frees them all at once); otherwise from the heap.
   void SetArena(MabRixArena* ipArena) { _pArena = ipArena; }
 
-  // The record layout, shared with MabRixPropertyList: the id, the kind (the
-  // value's index in MabRixPropertyValue), the payload length as a varint,
-  // then the payload.
+  /// The record layout, shared with MabRixPropertyList: the id, the kind (the
+  /// value's index in MabRixPropertyValue), the payload length as a varint,
+  /// then the payload.
   static const unsigned char* Payload(const unsigned char* ipRecord, std::size_t& oLength);
   static const unsigned char* Next(const unsigned char* ipRecord);
   static MabRixPropertyValue DecodeValue(const unsigned char* ipRecord);
 
 private:
-  // The index of T in MabRixPropertyValue.
+  /// The index of T in MabRixPropertyValue.
   template <class T>
   static constexpr unsigned char Kind()
   {
@@ -196,8 +196,8 @@ private:
   }
 
   HRESULT SetText(MabRixPropertyId iId, unsigned char iKind, std::string_view iText);
-  // Writes the record of iId with a payload of iLength bytes (replacing the
-  // old one in its place) and returns where the payload goes.
+  /// Writes the record of iId with a payload of iLength bytes (replacing the
+  /// old one in its place) and returns where the payload goes.
   unsigned char* Place(MabRixPropertyId iId, unsigned char iKind, std::size_t iLength);
   const unsigned char* Find(MabRixPropertyId iId) const;
   unsigned char* Reserve(std::size_t iBytes);

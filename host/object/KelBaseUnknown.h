@@ -1,11 +1,11 @@
-// Root of every object of the object model: an intrusive reference count and
-// the class identity operations. Interfaces derive virtually from it, so one
-// object has exactly one KelBaseUnknown part whatever interfaces it offers;
-// that part is the implementation object (GetImpl).
-//
-// The count is not atomic: one object graph serves one parser on one thread.
-// Objects handed to several threads (a value format shared by two parses) are
-// only read through raw pointers there.
+/// Root of every object of the object model: an intrusive reference count and
+/// the class identity operations. Interfaces derive virtually from it, so one
+/// object has exactly one KelBaseUnknown part whatever interfaces it offers;
+/// that part is the implementation object (GetImpl).
+///
+/// The count is not atomic: one object graph serves one parser on one thread.
+/// Objects handed to several threads (a value format shared by two parses) are
+/// only read through raw pointers there. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelBaseUnknown_h
 #define KelBaseUnknown_h
 
@@ -18,7 +18,7 @@ class KelBaseUnknown
 {
 public:
   KelBaseUnknown() = default;
-  // A copy is a new object: it starts with its own single reference.
+  /// A copy is a new object: it starts with its own single reference.
   KelBaseUnknown(const KelBaseUnknown&) : _RefCount(1) {}
   KelBaseUnknown& operator=(const KelBaseUnknown&) { return *this; }
   virtual ~KelBaseUnknown();
@@ -43,11 +43,11 @@ public:
   const KelBaseUnknown* GetImpl() const { return this; }
 
 private:
-  unsigned long _RefCount = 1;  // the creator's reference
+  unsigned long _RefCount = 1;  ///< the creator's reference
 };
 
-// Implementation object behind an interface, seen as class C; null when there
-// is none or it is not a C.
+/// Implementation object behind an interface, seen as class C; null when there
+/// is none or it is not a C.
 template <class C, class I>
 C* KelImplCast(I* ipInterface)
 {

@@ -1,8 +1,8 @@
-// Class registration, written once. A class declares its identity with
-// KelDeclareClass in its body and defines it with KelImplementClass in its
-// source file, which also enters it in the registry of the program's classes
-// (KelClassRegistry.h). KelBaseUnknown is the root of every chain; its record
-// names the placeholder base "Kelnull".
+/// Class registration, written once. A class declares its identity with
+/// KelDeclareClass in its body and defines it with KelImplementClass in its
+/// source file, which also enters it in the registry of the program's classes
+/// (KelClassRegistry.h). KelBaseUnknown is the root of every chain; its record
+/// names the placeholder base "Kelnull". Ownership, threads, errors: @ref conventions. @file
 #ifndef KelClassMacros_h
 #define KelClassMacros_h
 
@@ -30,11 +30,11 @@ private:
   const KelMetaObject* Class::GetMetaObject() const { return Class::MetaObject(); } \
   static const KelClassRegistration KelRegistrationOf##Class(&Class::MetaObject);
 
-// Class derived from BaseClass, registered in Framework.
+/// Class derived from BaseClass, registered in Framework.
 #define KelImplementClass(Class, BaseClass, Framework) \
   KelImplementClassRecord(Class, BaseClass::MetaObject(), #BaseClass, Framework)
 
-// Classes of the handler library.
+/// Classes of the handler library.
 #define MabRixImplementClass(Class, BaseClass) KelImplementClass(Class, BaseClass, "MabRixCommandModel")
 
 #endif

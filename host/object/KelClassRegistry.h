@@ -1,7 +1,7 @@
-// Which classes a program has: every class defined with KelImplementClass
-// enters this list while its binary loads and leaves it when the binary
-// unloads. Tools and tests enumerate it (e.g. every handler class a library
-// defines); nothing else writes it.
+/// Which classes a program has: every class defined with KelImplementClass
+/// enters this list while its binary loads and leaves it when the binary
+/// unloads. Tools and tests enumerate it (e.g. every handler class a library
+/// defines); nothing else writes it. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelClassRegistry_h
 #define KelClassRegistry_h
 
@@ -19,7 +19,7 @@ public:
   KelClassRegistration(const KelClassRegistration&) = delete;
   KelClassRegistration& operator=(const KelClassRegistration&) = delete;
 
-  // The records of every class registered now, in no particular order.
+  /// The records of every class registered now, in no particular order.
   static std::vector<const KelMetaObject*> RegisteredClasses();
 
 private:

@@ -1,6 +1,6 @@
-/// @file KelResult.h
+/// @file
 /// Result codes in the style of the Component Object Model: 32-bit, negative
-/// means failure.
+/// means failure. Ownership, threads, errors: @ref conventions.
 ///
 /// The codes are constants and the tests are functions, not macros, so they
 /// coexist with a platform header that defines the same names as macros:

@@ -1,7 +1,7 @@
-// Counted reference to an object through interface T. Converting from
-// another type queries the object: the result is null when the object does
-// not implement T. Using a null reference through -> raises the host's
-// null-reference error.
+/// Counted reference to an object through interface T. Converting from
+/// another type queries the object: the result is null when the object does
+/// not implement T. Using a null reference through -> raises the host's
+/// null-reference error. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelVar_h
 #define KelVar_h
 
@@ -28,7 +28,7 @@ public:
   KelVar() = default;
   KelVar(std::nullptr_t) {}
 
-  // Takes a new reference: the caller keeps its own.
+  /// Takes a new reference: the caller keeps its own.
   template <class U>
   KelVar(U* ipObject) : _p(KelQueryInterface<T>(ipObject))
   {
@@ -91,7 +91,7 @@ public:
 
   T* Get() const { return _p; }
 
-  // Adopts a reference the caller already holds (a creation reference).
+  /// Adopts a reference the caller already holds (a creation reference).
   static KelVar Adopt(T* ipObject)
   {
     KelVar Result;

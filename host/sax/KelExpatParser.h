@@ -1,21 +1,21 @@
-// SAX parser over expat. It parses a memory buffer, a file or a stream fed
-// in chunks (memory stays constant: a file is never read whole), and sends
-// the events to its current document handler.
-//
-// A negative callback result is a failure: the parser records it (the first
-// ones, with event, element, line and column) and goes on, or stops there
-// when _StopOnCallbackFailure is set. A document that is not well-formed ends
-// the parse with expat's message and position. External entities and
-// external parameter entities are never loaded, and document type
-// declarations are refused unless _AllowDoctype is set; when allowed, entity
-// expansion is bounded by expat's amplification limits. A large token fed in
-// small pieces is gathered rather than rescanned, so time stays linear.
-// Exceptions thrown by a handler never unwind through expat: the parser
-// catches them, stops, and rethrows them from the parse call.
-//
-// The parser holds its document handler until the document is over (end,
-// error or stop), then lets it go: handlers hold the parser in return. A
-// handler that also implements KelISAXParseEndListener is told first.
+/// SAX parser over expat. It parses a memory buffer, a file or a stream fed
+/// in chunks (memory stays constant: a file is never read whole), and sends
+/// the events to its current document handler.
+///
+/// A negative callback result is a failure: the parser records it (the first
+/// ones, with event, element, line and column) and goes on, or stops there
+/// when _StopOnCallbackFailure is set. A document that is not well-formed ends
+/// the parse with expat's message and position. External entities and
+/// external parameter entities are never loaded, and document type
+/// declarations are refused unless _AllowDoctype is set; when allowed, entity
+/// expansion is bounded by expat's amplification limits. A large token fed in
+/// small pieces is gathered rather than rescanned, so time stays linear.
+/// Exceptions thrown by a handler never unwind through expat: the parser
+/// catches them, stops, and rethrows them from the parse call. Ownership, threads, errors: @ref conventions.
+///
+/// The parser holds its document handler until the document is over (end,
+/// error or stop), then lets it go: handlers hold the parser in return. A
+/// handler that also implements KelISAXParseEndListener is told first. @file
 #ifndef KelExpatParser_h
 #define KelExpatParser_h
 
@@ -36,7 +36,7 @@ struct KelSAXCallbackFailure
 {
   HRESULT _Result = KelResult::Ok;
   const char* _Event = "";    // "StartElement", "EndElement", "Characters", ...
-  KelUnicodeString _Element;  // the element of the event; empty for text
+  KelUnicodeString _Element;  ///< the element of the event; empty for text
   int _Line = 0;
   int _Column = 0;
 };
@@ -80,17 +80,17 @@ public:
   HRESULT SetDocumentHandler(const KelISAXDocumentHandler_var& iHandler) override;
   HRESULT GetDocumentHandler(KelISAXDocumentHandler_var& oHandler) override;
 
-  // Each parse call reads one whole document. The result is E_FAIL when the
-  // document is not well-formed or cannot be read, else the first failed
-  // callback result, else S_OK.
+  /// Each parse call reads one whole document. The result is E_FAIL when the
+  /// document is not well-formed or cannot be read, else the first failed
+  /// callback result, else S_OK.
   HRESULT Parse(const char* iData, std::size_t iSize);
   HRESULT Parse(const std::string& iText) { return Parse(iText.data(), iText.size()); }
   HRESULT ParseFile(const char* iPath);
   HRESULT ParseStream(std::istream& ioStream);
 
-  // Incremental parsing: Begin, any number of Feed calls, Feed with iFinal.
-  // Once the document is over (complete, malformed or stopped), Feed reads
-  // nothing more and returns the document's result until the next Begin.
+  /// Incremental parsing: Begin, any number of Feed calls, Feed with iFinal.
+  /// Once the document is over (complete, malformed or stopped), Feed reads
+  /// nothing more and returns the document's result until the next Begin.
   void Begin();
   HRESULT Feed(const char* iData, std::size_t iSize, bool iFinal);
 
@@ -103,7 +103,7 @@ public:
   int GetCurrentLine() const;
   int GetCurrentColumn() const;
 
-  // Called after every change of document handler (for tracing).
+  /// Called after every change of document handler (for tracing).
   void SetHandlerObserver(std::function<void(const KelISAXDocumentHandler_var&)> iObserver)
   {
     _Observer = std::move(iObserver);
@@ -136,14 +136,14 @@ private:
   KelSAXParseError _ParseError;
   std::exception_ptr _Exception;
   bool _Started = false;
-  bool _Over = false;  // a document ended; Feed waits for Begin
+  bool _Over = false;  ///< a document ended; Feed waits for Begin
   bool _Stopped = false;
-  bool _Progressed = false;    // an event came during the last call of expat
-  std::size_t _Stalled = 0;    // bytes given to expat since its last event
-  std::vector<char> _Pending;  // input gathered while a large token is open
+  bool _Progressed = false;    ///< an event came during the last call of expat
+  std::size_t _Stalled = 0;    ///< bytes given to expat since its last event
+  std::vector<char> _Pending;  ///< input gathered while a large token is open
   std::function<void(const KelISAXDocumentHandler_var&)> _Observer;
-  // The name or text of the event being delivered. Reused from event to
-  // event, so delivering one allocates nothing once they have grown.
+  /// The name or text of the event being delivered. Reused from event to
+  /// event, so delivering one allocates nothing once they have grown.
   KelUnicodeString _EventName;
   KelUnicodeString _EventText;
 };

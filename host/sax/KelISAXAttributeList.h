@@ -1,10 +1,10 @@
-// Attributes of the element being started, read by name or by position
-// (from 0, in document order). A failure result means there is no such
-// attribute; the output is then left as it was.
-//
-// The view operations read the list's own text without copying it: a view
-// stays valid only while the element's StartElement is being delivered, so
-// a handler copies what it keeps.
+/// Attributes of the element being started, read by name or by position
+/// (from 0, in document order). A failure result means there is no such
+/// attribute; the output is then left as it was.
+///
+/// The view operations read the list's own text without copying it: a view
+/// stays valid only while the element's StartElement is being delivered, so
+/// a handler copies what it keeps. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelISAXAttributeList_h
 #define KelISAXAttributeList_h
 

@@ -1,5 +1,5 @@
-// Receiver of the parser's document events. A negative result is a failure
-// reported to the parser.
+/// Receiver of the parser's document events. A negative result is a failure
+/// reported to the parser. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelISAXDocumentHandler_h
 #define KelISAXDocumentHandler_h
 

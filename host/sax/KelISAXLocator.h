@@ -1,4 +1,4 @@
-// Position of the event being delivered, for error messages.
+/// Position of the event being delivered, for error messages. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelISAXLocator_h
 #define KelISAXLocator_h
 

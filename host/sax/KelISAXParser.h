@@ -1,5 +1,5 @@
-// A SAX parser whose single document handler may change while a document
-// streams through it.
+/// A SAX parser whose single document handler may change while a document
+/// streams through it. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelISAXParser_h
 #define KelISAXParser_h
 
@@ -11,7 +11,7 @@
 class KelISAXParser : public virtual KelBaseUnknown
 {
 public:
-  // Every later event of the document goes to iHandler.
+  /// Every later event of the document goes to iHandler.
   virtual HRESULT SetDocumentHandler(const KelISAXDocumentHandler_var& iHandler) = 0;
   virtual HRESULT GetDocumentHandler(KelISAXDocumentHandler_var& oHandler) = 0;
 };

@@ -1,5 +1,5 @@
-// Document handler that does nothing: every SAX callback, document, DTD,
-// entity-resolver and error ones, returns S_OK.
+/// Document handler that does nothing: every SAX callback, document, DTD,
+/// entity-resolver and error ones, returns S_OK. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelSAXHandlerBase_h
 #define KelSAXHandlerBase_h
 

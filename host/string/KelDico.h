@@ -1,14 +1,14 @@
-// Dictionary keyed by string. Entries are visited in insertion order, so
-// every result built from one is deterministic. Insert keeps an existing
-// entry: the first value given for a key wins. Entries never move once
-// inserted: a reference to a value stays valid until RemoveAll or the end of
-// the dictionary.
-//
-// Handlers make one or more dictionaries per element they read, most of
-// them holding a handful of entries, and a few very large ones (every file
-// of a list). So: an empty dictionary allocates nothing; up to SmallSize
-// entries are found by a plain scan; beyond that an open-addressing index of
-// hash tags and positions finds them without touching other keys.
+/// Dictionary keyed by string. Entries are visited in insertion order, so
+/// every result built from one is deterministic. Insert keeps an existing
+/// entry: the first value given for a key wins. Entries never move once
+/// inserted: a reference to a value stays valid until RemoveAll or the end of
+/// the dictionary.
+///
+/// Handlers make one or more dictionaries per element they read, most of
+/// them holding a handful of entries, and a few very large ones (every file
+/// of a list). So: an empty dictionary allocates nothing; up to SmallSize
+/// entries are found by a plain scan; beyond that an open-addressing index of
+/// hash tags and positions finds them without touching other keys. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelDico_h
 #define KelDico_h
 
@@ -73,7 +73,7 @@ public:
   }
   ~KelDico() { Free(); }
 
-  // Adds the entry unless the key is present. True when it was added.
+  /// Adds the entry unless the key is present. True when it was added.
   bool Insert(const KelUnicodeString& iKey, const V& iValue)
   {
     const std::size_t Hash = HashOf(iKey.View());
@@ -84,7 +84,7 @@ public:
   }
   bool HasKey(const KelUnicodeString& iKey) const { return Locate(iKey.View()) != NotFound; }
 
-  // The value of iKey; an absent key is added with an empty value.
+  /// The value of iKey; an absent key is added with an empty value.
   V& operator[](const KelUnicodeString& iKey)
   {
     const std::size_t Hash = HashOf(iKey.View());
@@ -94,7 +94,7 @@ public:
     Append(iKey, V(), Hash);
     return At(_Size - 1).second;
   }
-  // The value of iKey; an absent key reads as an empty value.
+  /// The value of iKey; an absent key reads as an empty value.
   const V& operator[](const KelUnicodeString& iKey) const
   {
     static const V Empty{};
@@ -107,7 +107,7 @@ public:
     return Position != NotFound ? &At(Position).second : nullptr;
   }
 
-  // Empties the dictionary; the room of the first entries is kept for reuse.
+  /// Empties the dictionary; the room of the first entries is kept for reuse.
   void RemoveAll()
   {
     for (std::size_t i = _Size; i-- > 0;)
@@ -135,16 +135,16 @@ public:
   bool operator!=(const KelDico& iOther) const { return !(*this == iOther); }
 
 private:
-  static constexpr std::size_t SmallSize = 8;  // entries found by a scan; also the first chunk's room
+  static constexpr std::size_t SmallSize = 8;  ///< entries found by a scan; also the first chunk's room
   static constexpr std::size_t NotFound = static_cast<std::size_t>(-1);
 
   static std::size_t HashOf(std::string_view iKey) { return std::hash<std::string_view>()(iKey); }
-  // A slot holds the upper half of the key's hash and the entry's position
-  // plus one; 0 is an empty slot.
+  /// A slot holds the upper half of the key's hash and the entry's position
+  /// plus one; 0 is an empty slot.
   static std::uint64_t Tag(std::size_t iHash) { return static_cast<std::uint64_t>(iHash) & 0xFFFFFFFF00000000ull; }
 
-  // Chunk 0 (_pFirst) holds entries 0 to 7, chunk c > 0 (_More[c - 1]) the
-  // entries from 2^(c+2) to 2^(c+3) - 1: chunks double, entries never move.
+  /// Chunk 0 (_pFirst) holds entries 0 to 7, chunk c > 0 (_More[c - 1]) the
+  /// entries from 2^(c+2) to 2^(c+3) - 1: chunks double, entries never move.
   static std::size_t ChunkCapacity(std::size_t iChunk) { return iChunk == 0 ? SmallSize : SmallSize << (iChunk - 1); }
   static std::size_t ChunkOf(std::size_t iPosition)
   {
@@ -162,7 +162,7 @@ private:
   Entry& At(std::size_t iPosition) { return *Slot(iPosition); }
   const Entry& At(std::size_t iPosition) const { return *Slot(iPosition); }
 
-  // Room for the entry at position _Size.
+  /// Room for the entry at position _Size.
   Entry* Room()
   {
     if (_Size == 0 && !_pFirst)
@@ -227,8 +227,8 @@ private:
       Index(_Size - 1, iHash);
   }
 
-  // Enters the entry at iPosition in the index, which is kept at most half
-  // full (and built when the dictionary outgrows a scan).
+  /// Enters the entry at iPosition in the index, which is kept at most half
+  /// full (and built when the dictionary outgrows a scan).
   void Index(std::size_t iPosition, std::size_t iHash)
   {
     if (_Slots.size() < 2 * _Size)
@@ -279,9 +279,9 @@ private:
     _pFirst = nullptr;
   }
 
-  Entry* _pFirst = nullptr;           // the first SmallSize entries
-  std::vector<Entry*> _More;          // further chunks, each twice the previous
-  std::vector<std::uint64_t> _Slots;  // empty while the dictionary is small
+  Entry* _pFirst = nullptr;           ///< the first SmallSize entries
+  std::vector<Entry*> _More;          ///< further chunks, each twice the previous
+  std::vector<std::uint64_t> _Slots;  ///< empty while the dictionary is small
   std::size_t _Size = 0;
 };
 

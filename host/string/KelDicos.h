@@ -1,4 +1,4 @@
-// The dictionaries the handlers fill, named by value type then key type.
+/// The dictionaries the handlers fill, named by value type then key type. See @ref conventions. @file
 #ifndef KelDicos_h
 #define KelDicos_h
 

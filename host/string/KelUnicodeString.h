@@ -1,7 +1,7 @@
-// Unicode string with value semantics, stored as UTF-8. Lengths and
-// positions count characters (code points) from 0; a byte that does not
-// start a valid UTF-8 sequence counts as one character of its own, so no
-// text, however malformed, is read outside its bounds.
+/// Unicode string with value semantics, stored as UTF-8. Lengths and
+/// positions count characters (code points) from 0; a byte that does not
+/// start a valid UTF-8 sequence counts as one character of its own, so no
+/// text, however malformed, is read outside its bounds. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelUnicodeString_h
 #define KelUnicodeString_h
 
@@ -46,25 +46,25 @@ public:
 
   bool operator==(const KelUnicodeString& iOther) const { return _Text == iOther._Text; }
   bool operator!=(const KelUnicodeString& iOther) const { return _Text != iOther._Text; }
-  // Lengths first: against a literal the length is known at compile time.
+  /// Lengths first: against a literal the length is known at compile time.
   bool operator==(const char* iText) const { return View() == std::string_view(iText ? iText : ""); }
   bool operator!=(const char* iText) const { return !(*this == iText); }
   bool operator<(const KelUnicodeString& iOther) const { return _Text < iOther._Text; }
 
-  // Non-zero when both strings hold the same characters, 0 when they differ.
+  /// Non-zero when both strings hold the same characters, 0 when they differ.
   int Compare(const KelUnicodeString& iOther) const { return _Text == iOther._Text ? 1 : 0; }
 
-  // Lower-cases ASCII letters; every other character is left as it is.
+  /// Lower-cases ASCII letters; every other character is left as it is.
   void ToLower();
 
   int GetLengthInChar() const;
   bool IsEmpty() const { return _Text.empty(); }
 
-  // iLength characters from iStart; both are clamped to the string.
+  /// iLength characters from iStart; both are clamped to the string.
   KelUnicodeString SubString(int iStart, int iLength) const;
 
-  // Position of iPattern searched from iStart in the direction iMode; -1
-  // when absent. An empty pattern is found at the (clamped) start.
+  /// Position of iPattern searched from iStart in the direction iMode; -1
+  /// when absent. An empty pattern is found at the (clamped) start.
   int SearchSubString(const KelUnicodeString& iPattern, int iStart = 0, int iMode = KelSearchForward) const;
 
   const char* ConvertToChar() const { return _Text.c_str(); }
@@ -80,7 +80,7 @@ private:
 
 inline bool operator==(const char* iText, const KelUnicodeString& iString) { return iString == iText; }
 inline bool operator!=(const char* iText, const KelUnicodeString& iString) { return iString != iText; }
-
+/// @cond
 template <>
 struct std::hash<KelUnicodeString>
 {
@@ -89,5 +89,5 @@ struct std::hash<KelUnicodeString>
     return std::hash<std::string_view>()(iString.View());
   }
 };
-
+/// @endcond
 #endif

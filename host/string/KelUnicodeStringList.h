@@ -1,5 +1,5 @@
-// Ordered list of strings. Positions count from 0; a position outside the
-// list reads as the empty string.
+/// Ordered list of strings. Positions count from 0; a position outside the
+/// list reads as the empty string. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelUnicodeStringList_h
 #define KelUnicodeStringList_h
 
@@ -17,7 +17,7 @@ public:
 
   void Append(const KelUnicodeString& iItem) { _Items.push_back(iItem); }
   void Push(const KelUnicodeString& iItem) { _Items.push_back(iItem); }
-  // Removes and returns the last item; the empty string when there is none.
+  /// Removes and returns the last item; the empty string when there is none.
   KelUnicodeString Pop();
   int Size() const { return static_cast<int>(_Items.size()); }
   void RemoveAll() { _Items.clear(); }

@@ -1,5 +1,5 @@
-// The response of a command the server could not carry out: the reason and
-// the server's error code, besides the command's name.
+/// The response of a command the server could not carry out: the reason and
+/// the server's error code, besides the command's name. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabIRixFailureResponse_h
 #define MabIRixFailureResponse_h
 

@@ -1,4 +1,4 @@
-// A command's response as the command layer reads it.
+/// A command's response as the command layer reads it. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabIRixResponse_h
 #define MabIRixResponse_h
 

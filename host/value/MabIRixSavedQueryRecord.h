@@ -1,7 +1,7 @@
-// The query a saved-query result describes: its name and description, and
-// its criteria (name, revision, owner, vaults, types and named properties,
-// basic or not). The reader of the result calls these operations as the
-// parts arrive; each returns a result code.
+/// The query a saved-query result describes: its name and description, and
+/// its criteria (name, revision, owner, vaults, types and named properties,
+/// basic or not). The reader of the result calls these operations as the
+/// parts arrive; each returns a result code. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabIRixSavedQueryRecord_h
 #define MabIRixSavedQueryRecord_h
 

@@ -1,6 +1,6 @@
-// Interface of the value objects that handlers build and hand up. A receiver
-// tells the kind by the class name of the implementation (GetImpl()->IsA())
-// and reads that class's public members.
+/// Interface of the value objects that handlers build and hand up. A receiver
+/// tells the kind by the class name of the implementation (GetImpl()->IsA())
+/// and reads that class's public members. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabIRixValue_h
 #define MabIRixValue_h
 

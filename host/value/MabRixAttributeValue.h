@@ -1,4 +1,4 @@
-// One attribute of an object: its name, its value (any value kind) and whether it is enforced.
+/// One attribute of an object: its name, its value (any kind) and whether it is enforced. See @ref conventions. @file
 #ifndef MabRixAttributeValue_h
 #define MabRixAttributeValue_h
 
@@ -12,7 +12,7 @@ class MabRixAttributeValue : public virtual MabIRixValue
 
 public:
   MabRixAttributeValue() = default;
-  unsigned char _Enforced = 0;  // the value's type was "enforced"
+  unsigned char _Enforced = 0;  ///< the value's type was "enforced"
   KelUnicodeString _Name;
   MabIRixValue_var _Value;
 };

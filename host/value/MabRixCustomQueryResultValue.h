@@ -1,6 +1,6 @@
-// Result of a custom query: the objects, major objects and minor objects of
-// its rows, in a type/name/revision object context that the value creates
-// and owns.
+/// Result of a custom query: the objects, major objects and minor objects of
+/// its rows, in a type/name/revision object context that the value creates
+/// and owns. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixCustomQueryResultValue_h
 #define MabRixCustomQueryResultValue_h
 
@@ -14,7 +14,7 @@ class MabRixCustomQueryResultValue : public virtual MabIRixValue
   KelDeclareClass
 
 public:
-  // Starts with a new, empty context.
+  /// Starts with a new, empty context.
   MabRixCustomQueryResultValue();
 
   MabRixTNRObjectContext* GetObjectContext() const { return _spObjectContext.Get(); }

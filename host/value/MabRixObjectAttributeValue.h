@@ -1,3 +1,4 @@
+/// The content of one cadobject element, handed up by counted reference. See @ref conventions. @file
 #ifndef MabRixObjectAttributeValue_h
 #define MabRixObjectAttributeValue_h
 
@@ -6,8 +7,8 @@
 #include "MabIRixValue.h"
 #include "MabRixPath.h"
 
-// The content of one cadobject element: the text of each simple child
-// element, the preview as a path, and the attribute elements.
+/// The content of one cadobject element: the text of each simple child
+/// element, the preview as a path, and the attribute elements.
 class MabRixObjectAttributeValue : public virtual MabIRixValue
 {
   KelDeclareClass
@@ -15,9 +16,9 @@ class MabRixObjectAttributeValue : public virtual MabIRixValue
 public:
   MabRixObjectAttributeValue() = default;
 
-  MabRixPath _PreviewPath;                              // text of "preview"
-  KelUnicodeStringKelUnicodeStringDico _ElementValues;  // child element name to its text
-  KelUnicodeStringKelUnicodeStringDico _Attributes;     // attribute name to its value
+  MabRixPath _PreviewPath;                              ///< text of "preview"
+  KelUnicodeStringKelUnicodeStringDico _ElementValues;  ///< child element name to its text
+  KelUnicodeStringKelUnicodeStringDico _Attributes;     ///< attribute name to its value
 };
 
 #endif

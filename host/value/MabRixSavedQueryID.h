@@ -1,4 +1,4 @@
-// Identity of a saved query: its name and description.
+/// Identity of a saved query: its name and description. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSavedQueryID_h
 #define MabRixSavedQueryID_h
 

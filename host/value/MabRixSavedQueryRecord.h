@@ -1,6 +1,6 @@
-// The saved-query record of the host: keeps what it is given. A field that
-// was never set stays unset, which a reader can tell from an empty one.
-// Properties keep every addition, in order, repeats included.
+/// The saved-query record of the host: keeps what it is given. A field that
+/// was never set stays unset, which a reader can tell from an empty one.
+/// Properties keep every addition, in order, repeats included. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSavedQueryRecord_h
 #define MabRixSavedQueryRecord_h
 

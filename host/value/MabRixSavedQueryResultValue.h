@@ -1,6 +1,6 @@
-// Result of reading a saved query: its identity and the record of the query
-// itself. The value provides the record; whoever needs another record (a
-// store of its own, a test double) replaces _spQueryRecord before reading.
+/// Result of reading a saved query: its identity and the record of the query itself. The value
+/// provides the record; whoever needs another record (a store of its own, a test double)
+/// replaces _spQueryRecord before reading. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixSavedQueryResultValue_h
 #define MabRixSavedQueryResultValue_h
 
@@ -14,7 +14,7 @@ class MabRixSavedQueryResultValue : public virtual MabIRixValue
   KelDeclareClass
 
 public:
-  // Starts with an empty MabRixSavedQueryRecord.
+  /// Starts with an empty MabRixSavedQueryRecord.
   MabRixSavedQueryResultValue();
 
   MabIRixSavedQueryRecord* GetQueryRecord() const { return _spQueryRecord.Get(); }

@@ -1,4 +1,4 @@
-// A map from string to a list of strings.
+/// A map from string to a list of strings. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixStringListMapValue_h
 #define MabRixStringListMapValue_h
 

@@ -1,4 +1,4 @@
-// A list of strings, in order.
+/// A list of strings, in order. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixStringListValue_h
 #define MabRixStringListValue_h
 

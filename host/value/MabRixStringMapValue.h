@@ -1,3 +1,4 @@
+/// A map of strings, handed up by counted reference. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixStringMapValue_h
 #define MabRixStringMapValue_h
 
@@ -5,7 +6,7 @@
 #include "KelDicos.h"
 #include "MabIRixValue.h"
 
-// A map of strings: key to text.
+/// A map of strings: key to text.
 class MabRixStringMapValue : public virtual MabIRixValue
 {
   KelDeclareClass

@@ -1,3 +1,4 @@
+/// One text (MabRixSAXHandlerString), handed up by counted reference. See @ref conventions. @file
 #ifndef MabRixStringValue_h
 #define MabRixStringValue_h
 
@@ -5,6 +6,7 @@
 #include "KelUnicodeString.h"
 #include "MabIRixValue.h"
 
+/// One text: the element's characters.
 class MabRixStringValue : public virtual MabIRixValue
 {
   KelDeclareClass

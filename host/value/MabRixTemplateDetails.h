@@ -1,4 +1,4 @@
-// One template the server offers, as a template list row describes it.
+/// One template the server offers, as a template list row describes it. See @ref conventions. @file
 #ifndef MabRixTemplateDetails_h
 #define MabRixTemplateDetails_h
 

@@ -1,4 +1,4 @@
-// Result of a template list query: every template by its OID.
+/// Result of a template list query: every template by its OID. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixTemplateQueryResultValue_h
 #define MabRixTemplateQueryResultValue_h
 
@@ -12,7 +12,7 @@ class MabRixTemplateQueryResultValue : public virtual MabIRixValue
 
 public:
   MabRixTemplateQueryResultValue() = default;
-  MabRixTemplateDetailsKelUnicodeStringDico _Value;  // OID to template
+  MabRixTemplateDetailsKelUnicodeStringDico _Value;  ///< OID to template
 };
 
 #endif

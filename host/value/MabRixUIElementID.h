@@ -1,5 +1,5 @@
-// Identity of a user-interface element the server defines: its kind, its
-// name and whether it is a system element.
+/// Identity of a user-interface element the server defines: its kind, its
+/// name and whether it is a system element. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixUIElementID_h
 #define MabRixUIElementID_h
 

@@ -1,5 +1,5 @@
-// Ordered list of user-interface element identities. Positions count from
-// 0; a position outside the list reads as an empty identity.
+/// Ordered list of user-interface element identities. Positions count from
+/// 0; a position outside the list reads as an empty identity. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixUIElementIDList_h
 #define MabRixUIElementIDList_h
 

@@ -1,5 +1,5 @@
-// Result of a user-interface element query: the elements in the order of
-// the rows, and the element that is the default of each key.
+/// Result of a user-interface element query: the elements in the order of
+/// the rows, and the element that is the default of each key. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixUIElementQueryResultValue_h
 #define MabRixUIElementQueryResultValue_h
 
@@ -15,7 +15,7 @@ class MabRixUIElementQueryResultValue : public virtual MabIRixValue
 public:
   MabRixUIElementQueryResultValue() = default;
   MabRixUIElementIDList _UIElementIDs;
-  MabRixUIElementIDKelUnicodeStringDico _DefaultUIElementIDs;  // default key to element
+  MabRixUIElementIDKelUnicodeStringDico _DefaultUIElementIDs;  ///< default key to element
 };
 
 #endif

@@ -1,4 +1,4 @@
-// One vault of a workspace, as a workspace-vault list row describes it.
+/// One vault of a workspace, as a workspace-vault list row describes it. See @ref conventions. @file
 #ifndef MabRixVaultDetails_h
 #define MabRixVaultDetails_h
 

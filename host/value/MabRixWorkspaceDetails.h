@@ -1,4 +1,4 @@
-// One workspace of the user, as a workspace list row describes it.
+/// One workspace of the user, as a workspace list row describes it. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixWorkspaceDetails_h
 #define MabRixWorkspaceDetails_h
 

@@ -1,5 +1,5 @@
-// Result of a workspace list query: every workspace by its OID, and the OID
-// of each workspace name.
+/// Result of a workspace list query: every workspace by its OID, and the OID
+/// of each workspace name. Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixWorkspaceListQueryResultValue_h
 #define MabRixWorkspaceListQueryResultValue_h
 
@@ -14,8 +14,8 @@ class MabRixWorkspaceListQueryResultValue : public virtual MabIRixValue
 
 public:
   MabRixWorkspaceListQueryResultValue() = default;
-  MabRixWorkspaceDetailsKelUnicodeStringDico _WorkspaceDetails;  // OID to workspace
-  KelUnicodeStringKelUnicodeStringDico _WorkspaceOIDs;           // name to OID
+  MabRixWorkspaceDetailsKelUnicodeStringDico _WorkspaceDetails;  ///< OID to workspace
+  KelUnicodeStringKelUnicodeStringDico _WorkspaceOIDs;           ///< name to OID
 };
 
 #endif

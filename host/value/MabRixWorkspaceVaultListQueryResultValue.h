@@ -1,5 +1,5 @@
-// Result of a workspace-vault list query: every vault by its OID, and the
-// vault OIDs in the order of the rows (repeats kept).
+/// Result of a workspace-vault list query: every vault by its OID, and the
+/// vault OIDs in the order of the rows (repeats kept). Ownership, threads, errors: @ref conventions. @file
 #ifndef MabRixWorkspaceVaultListQueryResultValue_h
 #define MabRixWorkspaceVaultListQueryResultValue_h
 
@@ -14,8 +14,8 @@ class MabRixWorkspaceVaultListQueryResultValue : public virtual MabIRixValue
 
 public:
   MabRixWorkspaceVaultListQueryResultValue() = default;
-  MabRixVaultDetailsKelUnicodeStringDico _VaultDetails;  // OID to vault
-  KelUnicodeStringList _VaultOIDs;                       // in row order
+  MabRixVaultDetailsKelUnicodeStringDico _VaultDetails;  ///< OID to vault
+  KelUnicodeStringList _VaultOIDs;                       ///< in row order
 };
 
 #endif
