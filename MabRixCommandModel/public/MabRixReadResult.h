@@ -76,14 +76,15 @@ public:
   /// the contexts the handler wrote into is not to be trusted after it.
   struct HostError
   {
-    std::string _Kind;     ///< "null reference", "fatal error" or "exception"
+    std::string _Kind;     ///< "null reference", "fatal error", "out of memory" or "exception"
     std::string _Message;  ///< the exception's text (a fatal error: text, file and line)
     int _XmlLine = 0;      ///< position in the document where it was raised
     int _XmlColumn = 0;    ///< column in the document, from 1
   };
 
   /// True when the handler started, the document was well-formed and read to
-  /// its end, no exception ended the read and no callback failed. Check
+  /// its end, no exception ended the read, no allocation failed and no
+  /// callback failed. Check
   /// reports alone do not make a read fail: the answer decided that.
   bool Succeeded() const;
 
@@ -118,9 +119,11 @@ public:
   MabRixBoundedList<HandlerChange> _Trace;
   /// The exception that ended the read, if one did.
   std::optional<HostError> _HostError;
-  /// An allocation failed during the read and the host carried on: values
-  /// and contexts may be incomplete. Stays false until the host reports
-  /// allocation failures to the reader.
+  /// An allocation failed during the read and the host carried on: a
+  /// handler that could not make the handler of an element went on without
+  /// it, so values and contexts may be incomplete (the host records such
+  /// failures per thread, KelAllocationFailure.h; expat running out of
+  /// memory counts too).
   bool _AllocationFailed = false;
 };
 

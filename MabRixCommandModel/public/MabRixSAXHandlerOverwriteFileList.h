@@ -16,6 +16,9 @@ public:
   explicit MabRixSAXHandlerOverwriteFileList(MabRixSAXHandlerBase& iParent);
   ~MabRixSAXHandlerOverwriteFileList() override;
 
+  // The list is read from attributes only: its text (the white space of a
+  // pretty-printed response) is not kept.
+  HRESULT Characters(const KelUnicodeString& iCharacters) override;
   HRESULT StartElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes) override;
   HRESULT EndElement(const KelUnicodeString& iName) override;
 

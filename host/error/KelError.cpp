@@ -1,23 +1,46 @@
 #include "KelError.h"
 
+#include <pthread.h>
+
 #include <cstring>
+
+#include "KelAllocationFailure.h"
 
 KelImplementClass(KelError, KelBaseUnknown, "KelSystem")
 KelImplementClass(MabRixError, KelError, "MabRixCommandModel")
 
 namespace
 {
-// The thread's last error; released when the thread ends.
-struct KelLastErrorSlot
+// The thread's last error, kept as a value of a key rather than in a
+// thread_local object with a destructor: the C library registers such a
+// destructor at the object's first use and aborts the process when that
+// registration cannot allocate. Creating a key and setting one of the first
+// keys' values allocate nothing; the key's destructor releases what a thread
+// leaves behind when it ends.
+void ReleaseAtThreadEnd(void* ipError) { static_cast<KelError*>(ipError)->Release(); }
+
+pthread_key_t LastErrorKey()
 {
-  KelError* _pError = nullptr;
-  ~KelLastErrorSlot()
-  {
-    if (_pError)
-      _pError->Release();
-  }
-};
-thread_local KelLastErrorSlot tLastError;
+  static const pthread_key_t Key = [] {
+    pthread_key_t NewKey{};
+    pthread_key_create(&NewKey, &ReleaseAtThreadEnd);
+    return NewKey;
+  }();
+  return Key;
+}
+
+KelError* LastError() { return static_cast<KelError*>(pthread_getspecific(LastErrorKey())); }
+
+// Takes over ipError's reference; an error that cannot be kept is let go and
+// the failed allocation noted.
+void SetLastError(KelError* ipError)
+{
+  if (pthread_setspecific(LastErrorKey(), ipError) == 0)
+    return;
+  KelNoteAllocationFailure();
+  if (ipError)
+    ipError->Release();
+}
 
 struct CatalogEntry
 {
@@ -71,13 +94,13 @@ HRESULT KelError::GetReturn(int iKind, KelError* ipError, void*, const char* iFi
     ipError->AddRef();
   }
   KelCleanLastError();
-  tLastError._pError = ipError;
+  SetLastError(ipError);
   return E_FAIL;
 }
 
 KelError* KelError::KelGetLastError(HRESULT iResult, void*)
 {
-  KelError* pError = tLastError._pError;
+  KelError* pError = LastError();
   if (SUCCEEDED(iResult) || !pError)
     return nullptr;
   pError->AddRef();
@@ -86,10 +109,11 @@ KelError* KelError::KelGetLastError(HRESULT iResult, void*)
 
 void KelError::KelCleanLastError()
 {
-  KelError* pError = tLastError._pError;
-  tLastError._pError = nullptr;
-  if (pError)
-    pError->Release();
+  KelError* pError = LastError();
+  if (!pError)
+    return;
+  pthread_setspecific(LastErrorKey(), nullptr);
+  pError->Release();
 }
 
 HRESULT RixSuccessInit() { return S_OK; }

@@ -32,6 +32,11 @@ class MabERixEntity : public KelBaseUnknown, public MabRixContextAllocated
   KelDeclareClass
 
 public:
+  // Made in the context's store: its operators, not KelBaseUnknown's, are
+  // the ones for this class (a failure there is a std::bad_alloc).
+  using MabRixContextAllocated::operator new;
+  using MabRixContextAllocated::operator delete;
+
   MabERixEntity(const MabERixEntity&) = delete;
   MabERixEntity& operator=(const MabERixEntity&) = delete;
 

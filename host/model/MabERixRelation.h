@@ -14,6 +14,11 @@ class MabERixRelation : public KelBaseUnknown, public MabRixContextAllocated
   KelDeclareClass
 
 public:
+  // Made in the context's store: its operators, not KelBaseUnknown's, are
+  // the ones for this class (a failure there is a std::bad_alloc).
+  using MabRixContextAllocated::operator new;
+  using MabRixContextAllocated::operator delete;
+
   MabERixRelation(const MabRixObjectID& iFrom, const KelUnicodeString& iRelationshipID, const MabRixObjectID& iTo)
       : _From(iFrom), _RelationshipID(iRelationshipID), _To(iTo)
   {

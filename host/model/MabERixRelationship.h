@@ -14,6 +14,11 @@ class MabERixRelationship : public KelBaseUnknown, public MabRixContextAllocated
   KelDeclareClass
 
 public:
+  // Made in the context's store: its operators, not KelBaseUnknown's, are
+  // the ones for this class (a failure there is a std::bad_alloc).
+  using MabRixContextAllocated::operator new;
+  using MabRixContextAllocated::operator delete;
+
   MabERixRelationship(const KelUnicodeString& iID, const KelUnicodeString& iKind) : _ID(iID), _Kind(iKind) {}
   MabERixRelationship(const MabERixRelationship&) = delete;
   MabERixRelationship& operator=(const MabERixRelationship&) = delete;

@@ -67,3 +67,10 @@ KelBaseUnknown_var MabRixCADObjectContext::GetMajorObject(const MabRixObjectID& 
 {
   return KelBaseUnknown_var(FindCurrentMajorObject(iID.GetType(), iID.GetName()));
 }
+
+bool MabRixCADObjectContext::IsRevisionKnown(const MabERixMajorObject& iMajor) const
+{
+  const KelUnicodeString& Revision = iMajor.GetKeyRevision();
+  const MabERixObject* pObject = iMajor.GetOwnerObject();
+  return !Revision.IsEmpty() || FindMajorObject(pObject->GetKeyType(), pObject->GetKeyName(), Revision) == &iMajor;
+}

@@ -38,6 +38,10 @@ public:
   virtual KelBaseUnknown_var GetMajorObject(const MabRixObjectID& iID);
   // GetObject and GetMinorObject take MabRixObjectID(type, name).
 
+  // False for a major object made before any revision of its object was
+  // known (its key revision is empty without being a revision of its own).
+  bool IsRevisionKnown(const MabERixMajorObject& iMajor) const;
+
 private:
   MabERixMajorObject* FindCurrentMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName) const;
 

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "KelAllocationFailure.h"
 #include "KelNullVarError.h"
 
 bool KelMetaObject::IsAKindOf(const char* iName) const
@@ -15,6 +16,26 @@ bool KelMetaObject::IsAKindOf(const char* iName) const
 }
 
 KelBaseUnknown::~KelBaseUnknown() = default;
+
+void* KelBaseUnknown::operator new(std::size_t iSize)
+{
+  if (void* pObject = ::operator new(iSize, std::nothrow))
+    return pObject;
+  KelNoteAllocationFailure();
+  throw std::bad_alloc();
+}
+
+void* KelBaseUnknown::operator new(std::size_t iSize, const std::nothrow_t&) noexcept
+{
+  void* pObject = ::operator new(iSize, std::nothrow);
+  if (!pObject)
+    KelNoteAllocationFailure();
+  return pObject;
+}
+
+void KelBaseUnknown::operator delete(void* ipObject) noexcept { ::operator delete(ipObject); }
+
+void KelBaseUnknown::operator delete(void* ipObject, const std::nothrow_t&) noexcept { ::operator delete(ipObject); }
 
 const KelMetaObject* KelBaseUnknown::MetaObject()
 {

@@ -9,6 +9,8 @@
 #ifndef KelBaseUnknown_h
 #define KelBaseUnknown_h
 
+#include <cstddef>
+#include <new>
 #include <type_traits>
 #include <typeinfo>
 
@@ -30,6 +32,14 @@ public:
       delete this;
   }
   unsigned long GetRefCount() const { return _RefCount; }
+
+  // Objects of the model are allocated here: a failure of either form is
+  // recorded for the thread (KelAllocationFailure.h) before the null or
+  // std::bad_alloc reaches the code that asked.
+  static void* operator new(std::size_t iSize);
+  static void* operator new(std::size_t iSize, const std::nothrow_t&) noexcept;
+  static void operator delete(void* ipObject) noexcept;
+  static void operator delete(void* ipObject, const std::nothrow_t&) noexcept;
 
   static const KelMetaObject* MetaObject();
   static const char* ClassId();

@@ -14,6 +14,8 @@
 #include <memory>
 #include <string_view>
 
+#include "KelAllocationFailure.h"
+
 KelImplementClass(KelExpatParser, KelBaseUnknown, "KelSystem")
 
 // Wraps expat's attribute array of the element being started; it is empty
@@ -364,7 +366,14 @@ void KelExpatParser::Push(const char* iData, std::size_t iSize, bool iFinal)
     {
       const XML_Error Code = XML_GetErrorCode(_pExpat);
       if (Code != XML_ERROR_ABORTED && !_HasParseError)
+      {
         SetParseError(XML_ErrorString(Code));
+        if (Code == XML_ERROR_NO_MEMORY)
+        {
+          _ParseError._OutOfMemory = true;
+          KelNoteAllocationFailure();
+        }
+      }
       _Stopped = true;
     }
     _Stalled = _Progressed ? 0 : _Stalled + Piece;

@@ -46,6 +46,7 @@ struct KelSAXParseError
   KelUnicodeString _Message;
   int _Line = 0;
   int _Column = 0;
+  bool _OutOfMemory = false;  // expat could not allocate: the document may be well-formed
 };
 
 class KelExpatAttributeList;

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <vector>
 
@@ -34,6 +35,8 @@ const char* StatusWord(int iStatus)
       return "ok";
     case RixsaxExitFailedResult:
       return "failed";
+    case RixsaxExitOutOfMemory:
+      return "out-of-memory";
     default:
       return "unreadable";
   }
@@ -76,7 +79,33 @@ std::string JsonLine(const RixsaxStepRecord& iStep, int iStatus)
   return Text + "\n";
 }
 
+FileOutcome ReadAndDescribe(const RixsaxOptions& iOptions, const RixsaxStepRequest& iRequest);
+
+// A file whose reading or description ran out of memory is a line of its
+// own; the other files go on (the exception must not leave a thread).
 FileOutcome CheckFile(const RixsaxOptions& iOptions, const RixsaxStepRequest& iRequest)
+{
+  try
+  {
+    return ReadAndDescribe(iOptions, iRequest);
+  }
+  catch (const std::bad_alloc&)
+  {
+    FileOutcome Outcome;
+    Outcome._Status = RixsaxExitOutOfMemory;
+    try
+    {
+      Outcome._Line = "out-of-memory " + iRequest._File + "\n";
+    }
+    catch (const std::bad_alloc&)
+    {
+      Outcome._Line = "out-of-memory\n";
+    }
+    return Outcome;
+  }
+}
+
+FileOutcome ReadAndDescribe(const RixsaxOptions& iOptions, const RixsaxStepRequest& iRequest)
 {
   RixsaxSession Session(iOptions);
   const RixsaxStepRecord Step = RixsaxReadStep(Session, *RixsaxFindHandler(iRequest._Handler), iRequest._File);
@@ -136,7 +165,7 @@ int RixsaxCheckFiles(const RixsaxOptions& iOptions, RixsaxOutput& ioOutput)
         Outcome = std::move(Outcomes[Printed]);
       }
       ioOutput.Write(Outcome._Line);
-      ++Counts[std::min(Outcome._Status, 2)];
+      ++Counts[Outcome._Status == RixsaxExitOutOfMemory ? 1 : std::min(Outcome._Status, 2)];
       Worst = std::max(Worst, Outcome._Status);
     }
   };

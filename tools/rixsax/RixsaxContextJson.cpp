@@ -273,11 +273,12 @@ void RixsaxWriteCADContext(RixsaxWriter& ioWriter, const MabRixCADObjectContext&
     ioWriter.BeginArray();
     ForEachMajor(iContext, Majors, *Object, [&](const MabERixMajorObject& iMajor) {
       ioWriter.BeginObject();
+      // An empty revision is a revision of its own; an unknown one is null.
       ioWriter.Key("revision");
-      if (iMajor.GetKeyRevision().IsEmpty())
-        ioWriter.Null();
-      else
+      if (iContext.IsRevisionKnown(iMajor))
         ioWriter.String(iMajor.GetKeyRevision());
+      else
+        ioWriter.Null();
       WriteProperties(ioWriter, iMajor);
       ioWriter.EndObject();
     });

@@ -99,9 +99,8 @@ int WithOutput(Run iRun)
     return RixsaxExitOutputError;
   }
 }
-}  // namespace
 
-int main(int iArgc, char** iArgv)
+int Run(int iArgc, char** iArgv)
 {
   // A closed pipe is seen as EPIPE where the output is written.
   std::signal(SIGPIPE, SIG_IGN);
@@ -119,4 +118,33 @@ int main(int iArgc, char** iArgv)
       break;
   }
   return Line._ExitCode;
+}
+}  // namespace
+
+// Nothing leaves rixsax as an uncaught exception: running out of memory
+// anywhere (command line, setting up a step, reading, building or writing
+// the output) is one line and a status of its own. The messages are written
+// with fputs, which needs no memory.
+int main(int iArgc, char** iArgv)
+{
+  try
+  {
+    return Run(iArgc, iArgv);
+  }
+  catch (const std::bad_alloc&)
+  {
+    std::fputs("rixsax: out of memory\n", stderr);
+    return RixsaxExitOutOfMemory;
+  }
+  catch (const std::exception& Error)
+  {
+    std::fputs("rixsax: ", stderr);
+    std::fputs(Error.what(), stderr);
+    std::fputs("\n", stderr);
+  }
+  catch (...)
+  {
+    std::fputs("rixsax: unexpected exception\n", stderr);
+  }
+  return RixsaxExitFailedResult;
 }

@@ -241,6 +241,11 @@ RixsaxCommandLine RixsaxParseCommandLine(int iArgc, const char* const* iArgv)
       ->check(CLI::IsMember({"json", "text", "summary", "dot"}))
       ->capture_default_str();
   pRead->add_flag("--trace", ReadOptions._Trace, "Record every change of document handler");
+  pRead
+      ->add_option("--max-records", ReadOptions._MaxRecords,
+                   "Values, checks, callback failures and trace entries kept per step (the rest are counted)")
+      ->type_name("N")
+      ->capture_default_str();
   AddProgressOptions(*pRead, ReadOptions);
 
   CLI::App* pCheck =

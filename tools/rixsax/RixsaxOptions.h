@@ -2,6 +2,7 @@
 #ifndef RixsaxOptions_h
 #define RixsaxOptions_h
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
@@ -45,8 +46,9 @@ struct RixsaxOptions
   bool _StopOnFailure = false;    // the parser stops at the first failed callback
   RixsaxOutputFormat _Format = RixsaxOutputFormat::Json;
   bool _Trace = false;
-  std::optional<bool> _Progress;  // --progress / --no-progress; unset: by file size and terminal
-  unsigned _Jobs = 0;             // check: files read at the same time; 0: the number of cores
+  std::optional<bool> _Progress;   // --progress / --no-progress; unset: by file size and terminal
+  unsigned _Jobs = 0;              // check: files read at the same time; 0: the number of cores
+  std::size_t _MaxRecords = 1000;  // entries kept of each list of a step
 };
 
 enum class RixsaxCommand

@@ -9,6 +9,21 @@ namespace
 {
 std::string Place(int iLine, int iColumn) { return std::to_string(iLine) + ":" + std::to_string(iColumn); }
 
+// A failed allocation skipped an element somewhere without failing the
+// read: the result is not the whole document.
+bool Incomplete(const RixsaxStepRecord& iStep)
+{
+  return iStep._AllocationFailed && !iStep._HostError && !iStep._ParseError;
+}
+
+bool OutOfMemory(const RixsaxStepRecord& iStep)
+{
+  return (iStep._ParseError && iStep._ParseError->_OutOfMemory) ||
+         (iStep._HostError && iStep._HostError->_Kind == "out of memory") || Incomplete(iStep);
+}
+
+const char* const IncompleteText = "incomplete result: an allocation failed while reading";
+
 std::string NeverStarted(const RixsaxStepRecord& iStep)
 {
   return std::string("no element to start ") + iStep._pEntry->_Name + " on";
@@ -34,6 +49,8 @@ std::string FirstFailure(const RixsaxStepRecord& iStep)
 
 int RixsaxStepStatus(const RixsaxStepRecord& iStep)
 {
+  if (OutOfMemory(iStep))
+    return RixsaxExitOutOfMemory;
   if (iStep._ParseError)
     return RixsaxExitFileUnreadable;
   if (iStep._HostError || !iStep._Started || FAILED(iStep._Result))
@@ -51,6 +68,8 @@ std::string RixsaxFirstProblem(const RixsaxStepRecord& iStep)
                ? "parse error at " + Place(iStep._ParseError->_Line, iStep._ParseError->_Column) + ": " +
                      iStep._ParseError->_Message.ToUtf8()
                : iStep._ParseError->_Message.ToUtf8();
+  if (Incomplete(iStep))
+    return IncompleteText;
   if (!iStep._Started)
     return NeverStarted(iStep);
   return FirstFailure(iStep);
@@ -70,6 +89,8 @@ int RixsaxReportStep(const RixsaxStepRecord& iStep)
     else
       std::fprintf(stderr, "rixsax: %s: %s\n", File, iStep._ParseError->_Message.ConvertToChar());
   }
+  else if (Incomplete(iStep))
+    std::fprintf(stderr, "rixsax: %s: %s\n", File, IncompleteText);
   else if (!iStep._Started && !iStep._HostError)
     std::fprintf(stderr, "rixsax: %s: %s\n", File, NeverStarted(iStep).c_str());
   if (FAILED(iStep._Result))

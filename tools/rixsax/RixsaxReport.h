@@ -13,7 +13,8 @@ enum RixsaxExitStatus
   RixsaxExitFailedResult = 1,  // a failed result, a host error, a handler that never started
   RixsaxExitUsage = 2,
   RixsaxExitFileUnreadable = 3,  // a file that cannot be read or is not well-formed
-  RixsaxExitOutputError = 4      // the standard output cannot be written
+  RixsaxExitOutputError = 4,     // the standard output cannot be written
+  RixsaxExitOutOfMemory = 5      // memory ran out: the result is incomplete or missing
 };
 
 // The exit status a step stands for.

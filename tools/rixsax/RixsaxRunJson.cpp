@@ -75,6 +75,13 @@ void WriteParseError(RixsaxWriter& ioWriter, const std::optional<KelSAXParseErro
   ioWriter.EndObject();
 }
 
+// Past --max-records a list is cut; the count left out follows it.
+void WriteOmitted(RixsaxWriter& ioWriter, const char* iName, std::size_t iOmitted)
+{
+  if (iOmitted > 0)
+    ioWriter.MemberInt(iName, static_cast<std::int64_t>(iOmitted));
+}
+
 void WriteTrace(RixsaxWriter& ioWriter, const MabRixBoundedList<RixsaxTraceRecord>& iTrace)
 {
   ioWriter.Key("trace");
@@ -103,14 +110,20 @@ void RixsaxWriteStep(RixsaxWriter& ioWriter, const RixsaxStepRecord& iStep, bool
   for (const MabIRixValue_var& Value : iStep._Values)
     RixsaxWriteValue(ioWriter, Value);
   ioWriter.EndArray();
+  WriteOmitted(ioWriter, "valuesOmitted", iStep._Values.Omitted());
   ioWriter.Key("response");
   RixsaxWriteResponse(ioWriter, iStep._spResponse);
   WriteChecks(ioWriter, iStep._Checks);
+  WriteOmitted(ioWriter, "checksOmitted", iStep._Checks.Omitted());
   WriteLastError(ioWriter, iStep._LastError);
   WriteCallbackFailures(ioWriter, iStep._CallbackFailures);
+  WriteOmitted(ioWriter, "callbackFailuresOmitted", iStep._CallbackFailures.Omitted());
   WriteParseError(ioWriter, iStep._ParseError);
   if (iTrace)
+  {
     WriteTrace(ioWriter, iStep._Trace);
+    WriteOmitted(ioWriter, "traceOmitted", iStep._Trace.Omitted());
+  }
   if (iStep._HostError)
   {
     ioWriter.Key("hostError");
@@ -121,6 +134,8 @@ void RixsaxWriteStep(RixsaxWriter& ioWriter, const RixsaxStepRecord& iStep, bool
     ioWriter.MemberInt("xmlColumn", iStep._HostError->_XmlColumn);
     ioWriter.EndObject();
   }
+  if (iStep._AllocationFailed)
+    ioWriter.MemberBool("incomplete", true);
   ioWriter.EndObject();
 }
 

@@ -65,6 +65,7 @@ RixsaxStepRecord RixsaxRunStep(RixsaxSession& ioSession, const RixsaxHandlerEntr
   ReaderOptions._StartAt = KelUnicodeString(Options._At);
   ReaderOptions._ContinueOnCheck = Options._ContinueOnCheck;
   ReaderOptions._Trace = Options._Trace;
+  ReaderOptions._MaxRecords = Options._MaxRecords;
   const RixsaxHandlerEntry* pEntry = &iEntry;
   const MabRixResponseReader Reader(
       [pEntry, &ioSession](MabRixSAXHandlerBase& iRoot) { return pEntry->_Factory(iRoot, ioSession); }, ReaderOptions);

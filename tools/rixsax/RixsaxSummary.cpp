@@ -20,7 +20,7 @@ std::string RixsaxSummaryLine(const RixsaxStepRecord& iStep)
                      ", entries " + std::to_string(Entries);
   if (iStep._ParseError)
   {
-    Text += "; parse error";
+    Text += iStep._ParseError->_OutOfMemory ? "; out of memory" : "; parse error";
     if (iStep._ParseError->_Line > 0)
       Text += " at " + std::to_string(iStep._ParseError->_Line) + ":" + std::to_string(iStep._ParseError->_Column);
     Text += ": " + iStep._ParseError->_Message.ToUtf8();
@@ -28,6 +28,8 @@ std::string RixsaxSummaryLine(const RixsaxStepRecord& iStep)
   if (iStep._HostError)
     Text += "; " + iStep._HostError->_Kind + " at " + std::to_string(iStep._HostError->_XmlLine) + ":" +
             std::to_string(iStep._HostError->_XmlColumn) + ": " + iStep._HostError->_Message;
+  if (iStep._AllocationFailed && !iStep._HostError && !iStep._ParseError)
+    Text += "; incomplete result: an allocation failed while reading";
   if (!iStep._Started && !iStep._HostError && !iStep._ParseError)
     Text += "; the handler never started";
   return Text + "\n";

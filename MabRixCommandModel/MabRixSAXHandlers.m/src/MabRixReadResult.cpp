@@ -2,7 +2,10 @@
 
 #include "MabRixFailureResponse.h"
 
-bool MabRixReadResult::Succeeded() const { return _Started && !_ParseError && !_HostError && SUCCEEDED(_Result); }
+bool MabRixReadResult::Succeeded() const
+{
+  return _Started && !_ParseError && !_HostError && !_AllocationFailed && SUCCEEDED(_Result);
+}
 
 const MabRixFailureResponse* MabRixReadResult::GetFailureResponse() const
 {

@@ -3,6 +3,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "KelAllocationFailure.h"
 #include "KelCheck.h"
 #include "KelError.h"
 #include "KelNullVarError.h"
@@ -130,6 +131,11 @@ void ReadDocument(KelExpatParser& ioParser, const std::function<HRESULT(KelExpat
   {
     ioResult._HostError = MabRixReadResult::HostError{"fatal error", Error.what(), Error._XmlLine, Error._XmlColumn};
   }
+  catch (const std::bad_alloc& Error)
+  {
+    ioResult._HostError = MabRixReadResult::HostError{"out of memory", Error.what(), ioParser.GetCurrentLine(),
+                                                      ioParser.GetCurrentColumn()};
+  }
   catch (const KelNullVarError& Error)
   {
     ioResult._HostError = MabRixReadResult::HostError{"null reference", Error.what(), ioParser.GetCurrentLine(),
@@ -194,7 +200,9 @@ MabRixReadResult MabRixResponseReader::Read(const std::function<HRESULT(KelExpat
           [&Tracer](const KelISAXDocumentHandler_var& iHandler) { Tracer->OnChange(iHandler); });
     }
     KelError::KelCleanLastError();
+    KelClearAllocationFailure();
     ReadDocument(*spParser, iParse, Result);
+    Result._AllocationFailed = KelAllocationFailed();
     spParser->SetHandlerObserver(nullptr);
   }
 

@@ -21,6 +21,8 @@ MabRixSAXHandlerOverwriteFileList::~MabRixSAXHandlerOverwriteFileList()
   }
 }
 
+HRESULT MabRixSAXHandlerOverwriteFileList::Characters(const KelUnicodeString&) { return S_OK; }
+
 HRESULT MabRixSAXHandlerOverwriteFileList::StartElement(const KelUnicodeString& iName,
                                                         const KelISAXAttributeList_var& iAttributes)
 {
