@@ -59,6 +59,7 @@ private:
   HRESULT StartTextElement(const KelUnicodeString& iName, const KelISAXAttributeList_var& iAttributes, HRESULT iResult);
   HRESULT Flush();
   HRESULT FlushRevInfo();
+  void EndCADObject();
 
   unsigned char _bInCADObject = KelFalse;
   unsigned char _bInRevisionInfo = KelFalse;  ///< kept up to date, read by nothing

@@ -2,7 +2,9 @@
 /// every result built from one is deterministic. Insert keeps an existing
 /// entry: the first value given for a key wins. Entries never move once
 /// inserted: a reference to a value stays valid until RemoveAll or the end of
-/// the dictionary.
+/// the dictionary. One exception: a small dictionary made by copying or by
+/// TakeCompact has just the room its entries need, and moves them once when
+/// it grows past it.
 ///
 /// Handlers make one or more dictionaries per element they read, most of
 /// them holding a handful of entries, and a few very large ones (every file
@@ -107,6 +109,39 @@ public:
     return Position != NotFound ? &At(Position).second : nullptr;
   }
 
+  /// Takes the entries of ioOther, which is left empty with its room kept for
+  /// reuse. A small dictionary's entries move into room of exactly their
+  /// number: a dictionary kept for long (in a model object) costs its entries
+  /// only, while ioOther (a handler's, filled again for the next element)
+  /// allocates nothing more.
+  void TakeCompact(KelDico& ioOther)
+  {
+    if (this == &ioOther)
+      return;
+    if (ioOther._Size == 0 || ioOther._Size >= SmallSize)
+    {
+      *this = std::move(ioOther);
+      return;
+    }
+    Free();
+    _pFirst = Allocate(ioOther._Size);
+    _FirstRoom = ioOther._Size;
+    for (; _Size < ioOther._Size; ++_Size)
+      new (_pFirst + _Size) Entry(std::move(ioOther.At(_Size)));
+    ioOther.RemoveAll();
+  }
+
+  /// Gives a small dictionary room for its entries only (a later insert moves
+  /// them again); a large one is left as it is.
+  void ShrinkToFit()
+  {
+    if (_Size >= SmallSize || _Size == _FirstRoom)
+      return;
+    KelDico Compact;
+    Compact.TakeCompact(*this);
+    *this = std::move(Compact);
+  }
+
   /// Empties the dictionary; the room of the first entries is kept for reuse.
   void RemoveAll()
   {
@@ -165,14 +200,30 @@ private:
   /// Room for the entry at position _Size.
   Entry* Room()
   {
-    if (_Size == 0 && !_pFirst)
-      _pFirst = Allocate(SmallSize);
+    if (_Size < SmallSize && _Size == _FirstRoom)
+      GrowFirst();
     else if (_Size >= SmallSize && ChunkOf(_Size) > _More.size())
     {
       _More.reserve(_More.size() + 1);
       _More.push_back(Allocate(ChunkCapacity(_More.size() + 1)));
     }
     return Slot(_Size);
+  }
+
+  /// Gives the first chunk its full room, moving the entries of a compact
+  /// one.
+  void GrowFirst()
+  {
+    Entry* pRoom = Allocate(SmallSize);
+    for (std::size_t i = 0; i < _Size; ++i)
+    {
+      new (pRoom + i) Entry(std::move(_pFirst[i]));
+      _pFirst[i].~Entry();
+    }
+    if (_pFirst)
+      Release(_pFirst, _FirstRoom);
+    _pFirst = pRoom;
+    _FirstRoom = SmallSize;
   }
 
   static Entry* Allocate(std::size_t iCount)
@@ -255,6 +306,12 @@ private:
 
   void CopyFrom(const KelDico& iOther)
   {
+    // A fresh small copy takes room for its entries only.
+    if (!_pFirst && iOther._Size > 0 && iOther._Size < SmallSize)
+    {
+      _pFirst = Allocate(iOther._Size);
+      _FirstRoom = iOther._Size;
+    }
     for (std::size_t i = 0; i < iOther._Size; ++i)
     {
       new (Room()) Entry(iOther.At(i));
@@ -265,6 +322,7 @@ private:
   void Steal(KelDico& ioOther) noexcept
   {
     _pFirst = std::exchange(ioOther._pFirst, nullptr);
+    _FirstRoom = std::exchange(ioOther._FirstRoom, 0);
     _More = std::move(ioOther._More);
     _Slots = std::move(ioOther._Slots);
     _Size = std::exchange(ioOther._Size, 0);
@@ -275,11 +333,13 @@ private:
   {
     RemoveAll();
     if (_pFirst)
-      Release(_pFirst, SmallSize);
+      Release(_pFirst, _FirstRoom);
     _pFirst = nullptr;
+    _FirstRoom = 0;
   }
 
   Entry* _pFirst = nullptr;           ///< the first SmallSize entries
+  std::size_t _FirstRoom = 0;         ///< entries _pFirst has room for: SmallSize, or fewer when compact
   std::vector<Entry*> _More;          ///< further chunks, each twice the previous
   std::vector<std::uint64_t> _Slots;  ///< empty while the dictionary is small
   std::size_t _Size = 0;

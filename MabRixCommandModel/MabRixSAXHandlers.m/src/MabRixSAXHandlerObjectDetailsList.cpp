@@ -478,7 +478,7 @@ HRESULT MabRixSAXHandlerObjectDetailsList::EndElement(const KelUnicodeString& iN
   if (iName == "cadobject")
   {
     _bInCADObject = FALSE;
-    Flush();
+    EndCADObject();
   }
   else if (iName == "revisioninfo")
   {
@@ -495,4 +495,20 @@ HRESULT MabRixSAXHandlerObjectDetailsList::EndElement(const KelUnicodeString& iN
     FlushRevInfo();
   }
   return Result;
+}
+
+// The object is complete: its minor object's dictionaries keep room for
+// their entries only, as long as the context lives.
+void MabRixSAXHandlerObjectDetailsList::EndCADObject()
+{
+  if (_pObjectContext && !_Type.IsEmpty())
+  {
+    const KelBaseUnknown_var spMinor = _pObjectContext->GetMinorObject(MabRixObjectID(_Type, _Name));
+    if (MabERixMinorObject* pMinor = KelImplCast<MabERixMinorObject>(spMinor.Get()))
+    {
+      pMinor->_ExtraAttributes.ShrinkToFit();
+      pMinor->_ElementValues.ShrinkToFit();
+    }
+  }
+  (void)Flush();
 }

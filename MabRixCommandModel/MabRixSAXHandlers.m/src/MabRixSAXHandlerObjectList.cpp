@@ -238,9 +238,10 @@ void MabRixSAXHandlerObjectList::Fill(MabERixObject& iObject, MabERixMajorObject
   iMajorObject._SetLockOwner(_Locker);
   iMajorObject._SetMajorOID(_ObjectID);
 
-  // The dictionaries are handed over: Flush empties them for the next object anyway.
+  // The dictionaries' entries are handed over in room of their size; the
+  // handler keeps its own room for the next object.
   iMinorObject._SetThumbnail(_ThumbnailPath);
-  iMinorObject._ExtraAttributes = std::move(_ExtraAttributes);
+  iMinorObject._ExtraAttributes.TakeCompact(_ExtraAttributes);
   iMinorObject._SetMinorType(_BusType);
   iMinorObject._SetMinorUUID(_UUID);
   iMinorObject._SetMinorOID(_BusID);
@@ -251,7 +252,7 @@ void MabRixSAXHandlerObjectList::Fill(MabERixObject& iObject, MabERixMajorObject
   MabRixDocumentID DocumentID;
   if (FAILED(iMinorObject.GetDocumentID(DocumentID)))
     iMinorObject._SetMinorDocumentID(MabRixDocumentID::Create(_CADType, _Name, _DirectoryPath / _FilePath));
-  iMinorObject._ElementValues = std::move(_ElementValues);
+  iMinorObject._ElementValues.TakeCompact(_ElementValues);
 
   FillIn(iObject, iMajorObject, iMinorObject);
 }

@@ -129,3 +129,56 @@ TEST(KelDicoIndex, CountedValuesAreReleasedWithTheDictionary)
   }
   EXPECT_EQ(Destroyed, 40);
 }
+
+TEST(KelDicoIndex, TakeCompactMovesTheEntriesAndLeavesTheSourceEmptyAndUsable)
+{
+  for (const int Count : {0, 1, 3, 7, 8, 9, 40})
+  {
+    KelUnicodeStringKelUnicodeStringDico Source = Numbered(Count);
+    KelUnicodeStringKelUnicodeStringDico Target = Numbered(2);
+    Target.TakeCompact(Source);
+    ASSERT_EQ(Target.Size(), Count) << Count;
+    EXPECT_EQ(Target, Numbered(Count)) << Count;
+    EXPECT_EQ(Source.Size(), 0) << Count;
+    Source.Insert("again", "1");
+    EXPECT_EQ(Source.Size(), 1);
+    EXPECT_EQ(Source["again"], KelUnicodeString("1"));
+  }
+}
+
+TEST(KelDicoIndex, ACompactDictionaryGrowsPastItsRoomWithEveryEntryKept)
+{
+  KelUnicodeStringKelUnicodeStringDico Source = Numbered(3);
+  KelUnicodeStringKelUnicodeStringDico Compact;
+  Compact.TakeCompact(Source);
+  for (int i = 3; i < 100; ++i)
+    ASSERT_TRUE(Compact.Insert(KeyOf(i), KelUnicodeString(std::to_string(i))));
+  EXPECT_EQ(Compact, Numbered(100));
+  EXPECT_FALSE(Compact.Insert(KeyOf(1), "other"));
+  EXPECT_EQ(Compact[KeyOf(1)], KelUnicodeString("1"));
+}
+
+TEST(KelDicoIndex, ASmallCopyGrowsAndTheOriginalIsUntouched)
+{
+  const KelUnicodeStringKelUnicodeStringDico Original = Numbered(2);
+  KelUnicodeStringKelUnicodeStringDico Copy(Original);
+  for (int i = 2; i < 20; ++i)
+    Copy.Insert(KeyOf(i), KelUnicodeString(std::to_string(i)));
+  EXPECT_EQ(Copy, Numbered(20));
+  EXPECT_EQ(Original, Numbered(2));
+  Copy = Original;
+  EXPECT_EQ(Copy, Original);
+}
+
+TEST(KelDicoIndex, ShrinkToFitKeepsEveryEntryAndTheDictionaryStillGrows)
+{
+  for (const int Count : {0, 1, 5, 8, 30})
+  {
+    KelUnicodeStringKelUnicodeStringDico Dico = Numbered(Count);
+    Dico.ShrinkToFit();
+    ASSERT_EQ(Dico, Numbered(Count)) << Count;
+    for (int i = Count; i < Count + 12; ++i)
+      ASSERT_TRUE(Dico.Insert(KeyOf(i), KelUnicodeString(std::to_string(i))));
+    EXPECT_EQ(Dico, Numbered(Count + 12)) << Count;
+  }
+}
