@@ -1,20 +1,68 @@
 #include "RixsaxJsonWriter.h"
 
+#include <array>
 #include <charconv>
+#include <cstdint>
+#include <cstring>
 #include <nlohmann/json.hpp>
 
 #include "RixsaxUtf8.h"
 
 RixsaxJsonWriter::RixsaxJsonWriter(RixsaxOutput& ioOutput, bool iIndented) : _Output(ioOutput), _Indented(iIndented) {}
 
+namespace
+{
+// Bytes a JSON text cannot take as they are (control characters, quote,
+// backslash) or that need a look at their UTF-8 (0x80 and above).
+constexpr std::array<bool, 256> SpecialBytes = [] {
+  std::array<bool, 256> Table{};
+  for (std::size_t Byte = 0; Byte < Table.size(); ++Byte)
+    Table[Byte] = Byte < 0x20 || Byte >= 0x80 || Byte == '"' || Byte == '\\';
+  return Table;
+}();
+
+bool IsSpecial(char iCharacter) { return SpecialBytes[static_cast<unsigned char>(iCharacter)]; }
+
+// True when one of the eight bytes of iWord is special: the usual test for a
+// zero byte, applied to the word itself (below 0x20), to the word xor'ed with
+// the quote and the backslash, and the top bit of each byte.
+bool HasSpecial(std::uint64_t iWord)
+{
+  constexpr std::uint64_t Ones = 0x0101010101010101ull;
+  constexpr std::uint64_t Highs = 0x8080808080808080ull;
+  const auto HasZero = [](std::uint64_t iValue) { return (iValue - Ones) & ~iValue & Highs; };
+  const std::uint64_t Below = (iWord - 0x20 * Ones) & ~iWord & Highs;
+  return ((iWord & Highs) | Below | HasZero(iWord ^ ('"' * Ones)) | HasZero(iWord ^ ('\\' * Ones))) != 0;
+}
+
+// The position of the first special byte of iText, or its size.
+std::size_t FirstSpecial(std::string_view iText)
+{
+  std::size_t Position = 0;
+  for (; Position + 8 <= iText.size(); Position += 8)
+  {
+    std::uint64_t Word;
+    std::memcpy(&Word, iText.data() + Position, sizeof Word);
+    if (HasSpecial(Word))
+      break;
+  }
+  while (Position < iText.size() && !IsSpecial(iText[Position]))
+    ++Position;
+  return Position;
+}
+}  // namespace
+
+// A line break and the indentation are one write for the usual depths.
 void RixsaxJsonWriter::NewLine(std::size_t iDepth)
 {
-  static constexpr std::string_view Spaces = "                                                                ";
-  _Output.Put('\n');
-  for (std::size_t Left = 2 * iDepth; Left > 0;)
+  static constexpr std::string_view Break = "\n                                                                ";
+  std::size_t Left = 2 * iDepth;
+  const std::size_t First = std::min(Left, Break.size() - 1);
+  _Output.Write(Break.substr(0, First + 1));
+  for (Left -= First; Left > 0;)
   {
-    const std::size_t Some = std::min(Left, Spaces.size());
-    _Output.Write(Spaces.substr(0, Some));
+    const std::size_t Some = std::min(Left, Break.size() - 1);
+    _Output.Write(Break.substr(1, Some));
     Left -= Some;
   }
 }
@@ -58,8 +106,14 @@ void RixsaxJsonWriter::Close(char iBracket)
 void RixsaxJsonWriter::Key(std::string_view iKey)
 {
   BeforeValue();
-  Escape(iKey, _Output);
-  _Output.Write(_Indented ? ": " : ":");
+  const std::string_view Colon = _Indented ? ": " : ":";
+  if (FirstSpecial(iKey) == iKey.size())
+    _Output.WriteQuoted(iKey, Colon);
+  else
+  {
+    Escape(iKey, _Output);
+    _Output.Write(Colon);
+  }
   _AfterKey = true;
 }
 
@@ -94,10 +148,17 @@ void RixsaxJsonWriter::Null()
 // bad bytes the output has always had.
 void RixsaxJsonWriter::Escape(std::string_view iText, RixsaxOutput& ioOutput)
 {
+  // Most texts are printable ASCII without quotes: one pass tells.
+  const std::size_t First = FirstSpecial(iText);
+  if (First == iText.size())
+  {
+    ioOutput.WriteQuoted(iText, std::string_view());
+    return;
+  }
   bool Ascii = true;
-  for (const char Character : iText)
-    Ascii &= static_cast<unsigned char>(Character) < 0x80;
-  for (std::size_t Position = 0; !Ascii && Position < iText.size();)
+  for (std::size_t i = First; i < iText.size(); ++i)
+    Ascii &= static_cast<unsigned char>(iText[i]) < 0x80;
+  for (std::size_t Position = First; !Ascii && Position < iText.size();)
     if (RixsaxNextCharacter(iText, Position) < 0)
     {
       ioOutput.Write(nlohmann::json(std::string(iText)).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
@@ -105,7 +166,7 @@ void RixsaxJsonWriter::Escape(std::string_view iText, RixsaxOutput& ioOutput)
     }
   ioOutput.Put('"');
   std::size_t Plain = 0;
-  for (std::size_t i = 0; i < iText.size(); ++i)
+  for (std::size_t i = First; i < iText.size(); ++i)
   {
     const unsigned char Character = static_cast<unsigned char>(iText[i]);
     if (Character >= 0x20 && Character != '"' && Character != '\\')

@@ -40,6 +40,14 @@ void RixsaxOutput::WriteLarge(std::string_view iText)
   }
 }
 
+void RixsaxOutput::WriteQuotedLarge(std::string_view iText, std::string_view iAfter)
+{
+  Put('"');
+  Write(iText);
+  Put('"');
+  Write(iAfter);
+}
+
 // After a failure nothing more is written: the first error is the one told.
 void RixsaxOutput::WriteAll(const char* iData, std::size_t iSize)
 {

@@ -4,6 +4,7 @@
 #ifndef RixsaxOutput_h
 #define RixsaxOutput_h
 
+#include <algorithm>
 #include <cstddef>
 #include <stdexcept>
 #include <string>
@@ -44,6 +45,23 @@ public:
       _Used += iText.size();
     }
   }
+  // A text between double quotes, then iAfter: one copy of each when they
+  // fit (keys and plain texts of the JSON are most of what is written).
+  void WriteQuoted(std::string_view iText, std::string_view iAfter)
+  {
+    const std::size_t Size = iText.size() + iAfter.size() + 2;
+    if (Size > Capacity - _Used)
+    {
+      WriteQuotedLarge(iText, iAfter);
+      return;
+    }
+    char* pEnd = _Buffer + _Used;
+    *pEnd++ = '"';
+    pEnd = std::copy(iText.begin(), iText.end(), pEnd);
+    *pEnd++ = '"';
+    std::copy(iAfter.begin(), iAfter.end(), pEnd);
+    _Used += Size;
+  }
   void Put(char iCharacter)
   {
     if (_Used == Capacity)
@@ -56,6 +74,7 @@ public:
 private:
   static constexpr std::size_t Capacity = 64 * 1024;
   void WriteLarge(std::string_view iText);
+  void WriteQuotedLarge(std::string_view iText, std::string_view iAfter);
   void WriteAll(const char* iData, std::size_t iSize);
 
   int _Descriptor;
