@@ -33,9 +33,13 @@ MIN_SECONDS = 0.5
 
 # (case, handler) pairs whose time is quadratic by the handler's rules: each
 # closing tag of the nesting hands up a copy of all the text read so far.
+# The same holds for the items of an XML string list nested in each other:
+# every item's text holds the text of the items inside it, so the list value
+# itself grows with the square of the depth (until the parser's depth limit).
+# Such runs are measured and shown, not held to the bounds.
 QUADRATIC = {("deep nesting, checks go on", "string"), ("deep nesting, checks go on", "string-list"),
              ("deep nesting, checks go on", "string-map"), ("deep nesting, checks go on", "string-list-map"),
-             ("deep nesting, checks go on", "boolean")}
+             ("deep nesting, checks go on", "boolean"), ("deep nesting, items", "xml-string-list")}
 
 
 def measure(rixsax, arguments, path, output_format, timeout):
@@ -121,7 +125,7 @@ def main():
         for size, rss in ((small_bytes, small_rss), (large_bytes, large_rss)):
             if rss is None:
                 problems.append("time-out")
-            elif rss > 64 * MIB + 3 * size:
+            elif rss > 64 * MIB + 3 * size and not quadratic:
                 problems.append("%.0f MiB at %.1f MiB" % (rss / MIB, size / MIB))
         if small_time is not None and large_time is not None and large_time >= MIN_SECONDS:
             per_small = max(small_time - base, 1e-3) / small_bytes
@@ -133,11 +137,14 @@ def main():
             failed = True
             print("OUT OF BOUNDS: %s: %s" % (what, ", ".join(problems)), flush=True)
         row = rows.setdefault(case, {"runs": 0, "rss": [0, 0], "bytes": [small_bytes, large_bytes], "ratio": None,
-                                     "worst": "", "problems": 0, "quadratic": False})
+                                     "worst": "", "problems": 0, "quadratic": False, "plain": 0})
         row["runs"] += 1
         row["quadratic"] = row["quadratic"] or quadratic
         row["problems"] += bool(problems)
-        if not quadratic:
+        if not quadratic or not row["plain"]:
+            if not quadratic and not row["plain"]:  # plain runs replace the quadratic ones shown so far
+                row["rss"], row["ratio"], row["worst"] = [0, 0], None, ""
+            row["plain"] += not quadratic
             row["bytes"] = [small_bytes, large_bytes]
             for i, rss in enumerate((small_rss, large_rss)):
                 row["rss"][i] = max(row["rss"][i], rss or 0)
@@ -152,8 +159,8 @@ def main():
         ratio = "x%.2f (%s)" % (row["ratio"], row["worst"]) if row["ratio"] is not None else "under %.1f s" % MIN_SECONDS
         note = "yes" if not row["problems"] else "**no** (%d runs)" % row["problems"]
         if row["quadratic"]:
-            note += "; quadratic by the string handlers' rules where checks go on: measured at %s and %s" % (
-                label(sizes[0]), label(sizes[1]))
+            note += "; quadratic by the string handlers' rules where checks go on: measured at %s and %s%s" % (
+                label(sizes[0]), label(sizes[1]), "" if row["plain"] else ", not held to the bounds")
         lines.append("| %s | %d | %.0f MiB (%.0f) | %.0f MiB (%.0f) | %s | %s |" % (
             case, row["runs"], row["rss"][0] / MIB, bounds[0], row["rss"][1] / MIB, bounds[1], ratio, note))
     text = "\n".join(lines) + "\n"

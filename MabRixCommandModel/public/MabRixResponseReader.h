@@ -70,8 +70,8 @@ public:
   struct Options
   {
     /// The parser's options: stop at the first failed callback, document
-    /// types, chunk size of files and streams. Its _MaxRecordedFailures is
-    /// replaced by _MaxRecords.
+    /// types, chunk size of files and streams, nesting depth. Its
+    /// _MaxRecordedFailures is replaced by _MaxRecords.
     KelExpatParser::Options _Parser;
     /// The element to start the handler on; empty: the document element.
     KelUnicodeString _StartAt;

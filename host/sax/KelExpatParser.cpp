@@ -158,6 +158,16 @@ struct KelExpatCallbacks
   static void XMLCALL OnStartElement(void* ipData, const XML_Char* iName, const XML_Char** ipAttributes)
   {
     KelExpatParser* pParser = static_cast<KelExpatParser*>(ipData);
+    if (++pParser->_Depth > pParser->_Options._MaxDepth)
+    {
+      if (!pParser->_Stopped)
+      {
+        pParser->SetParseError("elements nested deeper than " + std::to_string(pParser->_Options._MaxDepth) +
+                               " levels");
+        pParser->Stop();
+      }
+      return;
+    }
     pParser->_pAttributes->Set(ipAttributes);
     pParser->_EventName = iName;
     Deliver(pParser, "StartElement", iName, [&](KelISAXDocumentHandler& ioHandler) {
@@ -169,6 +179,8 @@ struct KelExpatCallbacks
   static void XMLCALL OnEndElement(void* ipData, const XML_Char* iName)
   {
     KelExpatParser* pParser = static_cast<KelExpatParser*>(ipData);
+    if (pParser->_Depth > 0)
+      --pParser->_Depth;
     pParser->_EventName = iName;
     Deliver(pParser, "EndElement", iName,
             [&](KelISAXDocumentHandler& ioHandler) { return ioHandler.EndElement(pParser->_EventName); });
@@ -293,6 +305,7 @@ void KelExpatParser::Reset()
   _ParseError = KelSAXParseError();
   _Exception = nullptr;
   _Stopped = false;
+  _Depth = 0;
   _Over = false;
   _Started = true;
   ReleasePending();

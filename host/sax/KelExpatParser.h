@@ -63,6 +63,9 @@ public:
     bool _AllowDoctype = false;          // external entities stay unloaded either way
     std::size_t _ChunkSize = 64 * 1024;  // bytes read per step from a file or stream
     std::size_t _MaxRecordedFailures = 256;
+    // An element nested deeper ends the document as not well-formed: expat
+    // keeps about 140 bytes per open element, so depth bounds its memory.
+    std::size_t _MaxDepth = 100000;
     // With a document type allowed, entity expansion may make the document at
     // most this many times larger than its input, once past the threshold.
     float _MaxAmplification = 100.0f;
@@ -139,6 +142,7 @@ private:
   bool _Started = false;
   bool _Over = false;  ///< a document ended; Feed waits for Begin
   bool _Stopped = false;
+  std::size_t _Depth = 0;  ///< elements open now
   bool _Progressed = false;    ///< an event came during the last call of expat
   std::size_t _Stalled = 0;    ///< bytes given to expat since its last event
   std::vector<char> _Pending;  ///< input gathered while a large token is open
