@@ -142,7 +142,7 @@ private:
   bool _Started = false;
   bool _Over = false;  ///< a document ended; Feed waits for Begin
   bool _Stopped = false;
-  std::size_t _Depth = 0;  ///< elements open now
+  std::size_t _Depth = 0;      ///< elements open now
   bool _Progressed = false;    ///< an event came during the last call of expat
   std::size_t _Stalled = 0;    ///< bytes given to expat since its last event
   std::vector<char> _Pending;  ///< input gathered while a large token is open

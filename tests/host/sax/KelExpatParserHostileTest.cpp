@@ -407,8 +407,8 @@ TEST(KelExpatParserHostile, MillionNestedElementsEndAtTheDepthLimitInBoundedMemo
         MabRixBoundedSay("failures: " + std::to_string(Parser.GetCallbackFailureCount()));
         // The String handler refuses every nested element until the depth
         // limit ends the document: expat never holds a million open elements.
-        return Parser.HasParseError() && Parser.GetParseError()._Message.ToUtf8() ==
-                                             "elements nested deeper than 100000 levels" &&
+        return Parser.HasParseError() &&
+                       Parser.GetParseError()._Message.ToUtf8() == "elements nested deeper than 100000 levels" &&
                        Reading._Result == E_FAIL && Parser.GetCallbackFailures().size() == 256 &&
                        Reading._spRoot->Values().empty()
                    ? 0
