@@ -32,6 +32,19 @@ MabRixArena::~MabRixArena()
   }
 }
 
+void MabRixArena::RecycleBlock(void* ipBlock, std::size_t iBytes)
+{
+  if (!ipBlock || iBytes > MaxRecycledBytes || BlockBytes(iBytes) != iBytes)
+    return;
+  if (!_pFreeBlocks)
+  {
+    _pFreeBlocks = static_cast<FreeBlock**>(Allocate(BlockClasses * sizeof(FreeBlock*), alignof(FreeBlock*)));
+    std::fill_n(_pFreeBlocks, BlockClasses, nullptr);
+  }
+  FreeBlock*& pHead = _pFreeBlocks[ClassOf(iBytes)];
+  pHead = new (ipBlock) FreeBlock{pHead};
+}
+
 void* MabRixArena::AllocateInNewChunk(std::size_t iBytes, std::size_t iAlignment)
 {
   const std::size_t Header = (sizeof(Chunk) + alignof(std::max_align_t) - 1) & ~(alignof(std::max_align_t) - 1);

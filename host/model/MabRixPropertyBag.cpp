@@ -248,22 +248,39 @@ unsigned char* MabRixPropertyBag::Reserve(std::size_t iBytes)
 {
   if (iBytes <= _Capacity)
     return _pBlock;
-  if (iBytes > UINT32_MAX)
+  if (iBytes > UINT32_MAX / 2)
     throw std::bad_alloc();
-  // An entity's properties are mostly set one after the other right after it
-  // is made: in an arena the block then grows where it lies.
-  if (_pArena && _pBlock && _pArena->Extend(_pBlock, _Capacity, iBytes))
+  return _pArena ? ReserveInArena(iBytes) : ReserveOnHeap(iBytes);
+}
+
+// An entity's properties are mostly set one after the other right after it
+// is made: the block then grows where it lies. When another entity was made
+// in between, the block moves and its old room goes to the next block of its
+// size.
+unsigned char* MabRixPropertyBag::ReserveInArena(std::size_t iBytes)
+{
+  const std::size_t Capacity = MabRixArena::BlockBytes(iBytes);
+  if (_pBlock && _pArena->Extend(_pBlock, _Capacity, Capacity))
   {
-    _Capacity = static_cast<std::uint32_t>(iBytes);
+    _Capacity = static_cast<std::uint32_t>(Capacity);
     return _pBlock;
   }
-  const std::size_t Capacity =
-      _pArena ? iBytes : std::max<std::size_t>(iBytes, _Capacity ? _Capacity + _Capacity / 2 : 48);
-  unsigned char* pBlock =
-      static_cast<unsigned char*>(_pArena ? _pArena->Allocate(Capacity, 1) : ::operator new(Capacity));
+  unsigned char* pBlock = static_cast<unsigned char*>(_pArena->AllocateBlock(Capacity));
   if (_Used)
     std::memcpy(pBlock, _pBlock, _Used);
-  if (_pBlock && !_pArena)
+  _pArena->RecycleBlock(_pBlock, _Capacity);
+  _pBlock = pBlock;
+  _Capacity = static_cast<std::uint32_t>(Capacity);
+  return _pBlock;
+}
+
+unsigned char* MabRixPropertyBag::ReserveOnHeap(std::size_t iBytes)
+{
+  const std::size_t Capacity = std::max<std::size_t>(iBytes, _Capacity ? _Capacity + _Capacity / 2 : 48);
+  unsigned char* pBlock = static_cast<unsigned char*>(::operator new(Capacity));
+  if (_Used)
+    std::memcpy(pBlock, _pBlock, _Used);
+  if (_pBlock)
     ::operator delete(_pBlock, _Capacity);
   _pBlock = pBlock;
   _Capacity = static_cast<std::uint32_t>(Capacity);

@@ -201,6 +201,8 @@ private:
   unsigned char* Place(MabRixPropertyId iId, unsigned char iKind, std::size_t iLength);
   const unsigned char* Find(MabRixPropertyId iId) const;
   unsigned char* Reserve(std::size_t iBytes);
+  unsigned char* ReserveInArena(std::size_t iBytes);
+  unsigned char* ReserveOnHeap(std::size_t iBytes);
 
   static void Decode(const unsigned char* ipRecord, KelUnicodeString& oValue);
   static void Decode(const unsigned char* ipRecord, unsigned char& oValue);

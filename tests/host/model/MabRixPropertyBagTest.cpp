@@ -98,6 +98,56 @@ TEST(MabRixArena, PiecesAreAlignedAndTheLatestGrowsInPlace)
   EXPECT_GE(Arena.GetReservedBytes(), std::size_t(1) << 20);
 }
 
+TEST(MabRixArena, BlockSizesLeaveRoomToGrowAndFitTheNextBlockOfAboutTheirSize)
+{
+  EXPECT_EQ(MabRixArena::BlockBytes(1), 16u);
+  EXPECT_EQ(MabRixArena::BlockBytes(17), 32u);
+  EXPECT_EQ(MabRixArena::BlockBytes(64), 64u);
+  EXPECT_EQ(MabRixArena::BlockBytes(65), 96u);
+  EXPECT_EQ(MabRixArena::BlockBytes(97), 128u);
+  EXPECT_EQ(MabRixArena::BlockBytes(177), 192u);
+  EXPECT_EQ(MabRixArena::BlockBytes(1000), 1024u);
+  EXPECT_EQ(MabRixArena::BlockBytes(1025), 1536u);
+}
+
+TEST(MabRixArena, ABlockGivenBackServesTheNextBlockOfItsSize)
+{
+  MabRixArena Arena;
+  void* pBlock = Arena.AllocateBlock(96);
+  EXPECT_EQ(reinterpret_cast<std::uintptr_t>(pBlock) % alignof(void*), 0u);
+  Arena.Allocate(8);  // the block is no longer the latest piece
+  Arena.RecycleBlock(pBlock, 96);
+  EXPECT_NE(Arena.AllocateBlock(64), pBlock);  // another size
+  const std::size_t Taken = Arena.GetTakenBytes();
+  EXPECT_EQ(Arena.AllocateBlock(96), pBlock);
+  EXPECT_EQ(Arena.GetTakenBytes(), Taken);
+  EXPECT_NE(Arena.AllocateBlock(96), pBlock);  // taken once only
+}
+
+TEST(MabRixPropertyBag, ABlockThatMovesLeavesItsRoomToTheNextBag)
+{
+  MabRixArena Arena;
+  MabRixPropertyBag First;
+  MabRixPropertyBag Second;
+  First.SetArena(&Arena);
+  Second.SetArena(&Arena);
+  First.Set(MabRixPropertyIdOf("Name"), KelUnicodeString("a name of twenty-five b"));
+  Second.Set(MabRixPropertyIdOf("Name"), KelUnicodeString("x"));
+  // The first bag is not the latest piece: it moves, and the third bag takes
+  // its old room instead of new room.
+  First.Set(MabRixPropertyIdOf("Type"), KelUnicodeString("a type long enough to move the block"));
+  const std::size_t Taken = Arena.GetTakenBytes();
+  MabRixPropertyBag Third;
+  Third.SetArena(&Arena);
+  Third.Set(MabRixPropertyIdOf("Name"), KelUnicodeString("a name of twenty-five b"));
+  EXPECT_EQ(Arena.GetTakenBytes(), Taken);
+  KelUnicodeString Name;
+  EXPECT_EQ(First.Get(MabRixPropertyIdOf("Name"), Name), S_OK);
+  EXPECT_EQ(Name, "a name of twenty-five b");
+  EXPECT_EQ(Third.Get(MabRixPropertyIdOf("Name"), Name), S_OK);
+  EXPECT_EQ(Name, "a name of twenty-five b");
+}
+
 TEST(MabRixContextStore, OneCopyOfEachText)
 {
   MabRixContextStore* pStore = new MabRixContextStore();
