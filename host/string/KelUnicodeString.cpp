@@ -1,6 +1,7 @@
 #include "KelUnicodeString.h"
 
 #include <algorithm>
+#include <new>
 #include <vector>
 
 namespace
@@ -65,46 +66,128 @@ std::vector<std::size_t> CharOffsets(std::string_view iText)
 int Clamp(int iValue, int iLow, int iHigh) { return std::max(iLow, std::min(iValue, iHigh)); }
 }  // namespace
 
-void KelUnicodeString::ToLower()
+void KelUnicodeString::SetLong(char* ipData, std::size_t iSize, std::size_t iRoom)
 {
-  for (char& c : _Text)
-    if (c >= 'A' && c <= 'Z')
-      c = static_cast<char>(c - 'A' + 'a');
+  const std::uint32_t Size = static_cast<std::uint32_t>(iSize);
+  const std::uint32_t Room = static_cast<std::uint32_t>(iRoom) | LongMark;
+  std::memcpy(_Bytes, &ipData, sizeof ipData);
+  std::memcpy(_Bytes + 8, &Size, sizeof Size);
+  std::memcpy(_Bytes + 12, &Room, sizeof Room);
+  ipData[iSize] = 0;
 }
 
+void KelUnicodeString::SetSize(std::size_t iSize)
+{
+  if (!IsLong())
+  {
+    SetShortSize(iSize);
+    return;
+  }
+  const std::uint32_t Size = static_cast<std::uint32_t>(iSize);
+  std::memcpy(_Bytes + 8, &Size, sizeof Size);
+  LongData()[iSize] = 0;
+}
+
+void KelUnicodeString::Assign(const char* iText, std::size_t iBytes)
+{
+  if (iBytes > Room())
+  {
+    // A new block: iText may lie in the old one, which goes only after the
+    // copy.
+    if (iBytes > MaxBytes)
+      throw std::bad_alloc();
+    char* pData = static_cast<char*>(::operator new(iBytes + 1));
+    std::memcpy(pData, iText, iBytes);
+    Free();
+    SetLong(pData, iBytes, iBytes);
+    return;
+  }
+  if (iBytes)
+    std::memmove(MutableData(), iText, iBytes);
+  SetSize(iBytes);
+}
+
+void KelUnicodeString::CopyFrom(const KelUnicodeString& iOther)
+{
+  if (!iOther.IsLong())
+  {
+    std::memcpy(_Bytes, iOther._Bytes, sizeof _Bytes);
+    return;
+  }
+  Assign(iOther.Data(), iOther.Size());
+}
+
+void KelUnicodeString::AppendBytes(const char* iText, std::size_t iBytes)
+{
+  if (iBytes == 0)
+    return;
+  const std::size_t Old = Size();
+  if (iBytes > MaxBytes - Old)
+    throw std::bad_alloc();
+  if (Old + iBytes > Room())
+  {
+    // iText may lie in this string: its bytes are copied before the old room
+    // is freed.
+    // Doubling the room copies a text built piece by piece a bounded number
+    // of times per byte.
+    const std::size_t NewRoom = std::min(std::max(Old + iBytes, 2 * Room()), MaxBytes);
+    char* pData = static_cast<char*>(::operator new(NewRoom + 1));
+    std::memcpy(pData, Data(), Old);
+    std::memcpy(pData + Old, iText, iBytes);
+    Free();
+    SetLong(pData, Old + iBytes, NewRoom);
+    return;
+  }
+  std::memcpy(MutableData() + Old, iText, iBytes);
+  SetSize(Old + iBytes);
+}
+
+void KelUnicodeString::Clear() { SetSize(0); }
+
+void KelUnicodeString::ToLower()
+{
+  char* pData = MutableData();
+  for (std::size_t i = 0, Size = this->Size(); i < Size; ++i)
+    if (pData[i] >= 'A' && pData[i] <= 'Z')
+      pData[i] = static_cast<char>(pData[i] - 'A' + 'a');
+}
 int KelUnicodeString::GetLengthInChar() const
 {
-  if (IsAscii(_Text))
-    return static_cast<int>(_Text.size());
+  const std::string_view Text = View();
+  if (IsAscii(Text))
+    return static_cast<int>(Text.size());
   int Count = 0;
-  for (std::size_t Pos = 0; Pos < _Text.size(); Pos += CharBytes(_Text, Pos))
+  for (std::size_t Pos = 0; Pos < Text.size(); Pos += CharBytes(Text, Pos))
     ++Count;
   return Count;
 }
 
 KelUnicodeString KelUnicodeString::SubString(int iStart, int iLength) const
 {
-  if (IsAscii(_Text))
+  const std::string_view Text = View();
+  if (IsAscii(Text))
   {
-    const int Size = static_cast<int>(_Text.size());
+    const int Size = static_cast<int>(Text.size());
     const int Start = Clamp(iStart, 0, Size);
     const int Length = Clamp(iLength, 0, Size - Start);
-    return KelUnicodeString(std::string_view(_Text).substr(Start, Length));
+    return KelUnicodeString(Text.substr(Start, Length));
   }
-  const std::vector<std::size_t> Offsets = CharOffsets(_Text);
+  const std::vector<std::size_t> Offsets = CharOffsets(Text);
   const int Count = static_cast<int>(Offsets.size()) - 1;
   const int Start = Clamp(iStart, 0, Count);
   const int Length = Clamp(iLength, 0, Count - Start);
-  return KelUnicodeString(std::string_view(_Text).substr(Offsets[Start], Offsets[Start + Length] - Offsets[Start]));
+  return KelUnicodeString(Text.substr(Offsets[Start], Offsets[Start + Length] - Offsets[Start]));
 }
 
 int KelUnicodeString::SearchSubString(const KelUnicodeString& iPattern, int iStart, int iMode) const
 {
-  const bool Ascii = IsAscii(_Text);
+  const std::string_view Text = View();
+  const std::string_view Pattern = iPattern.View();
+  const bool Ascii = IsAscii(Text);
   std::vector<std::size_t> Offsets;
   if (!Ascii)
-    Offsets = CharOffsets(_Text);
-  const int Count = Ascii ? static_cast<int>(_Text.size()) : static_cast<int>(Offsets.size()) - 1;
+    Offsets = CharOffsets(Text);
+  const int Count = Ascii ? static_cast<int>(Text.size()) : static_cast<int>(Offsets.size()) - 1;
   const int Start = Clamp(iStart, 0, Count);
   const auto ByteOf = [&](int iChar) { return Ascii ? static_cast<std::size_t>(iChar) : Offsets[iChar]; };
   const auto CharOf = [&](std::size_t iByte) -> int {
@@ -122,8 +205,8 @@ int KelUnicodeString::SearchSubString(const KelUnicodeString& iPattern, int iSta
     std::size_t From = ByteOf(Start);
     while (true)
     {
-      const std::size_t Found = _Text.rfind(iPattern._Text, From);
-      if (Found == std::string::npos)
+      const std::size_t Found = Text.rfind(Pattern, From);
+      if (Found == std::string_view::npos)
         return -1;
       if (OnBoundary(Found))
         return CharOf(Found);
@@ -133,10 +216,10 @@ int KelUnicodeString::SearchSubString(const KelUnicodeString& iPattern, int iSta
     }
   }
   std::size_t From = ByteOf(Start);
-  while (From <= _Text.size())
+  while (From <= Text.size())
   {
-    const std::size_t Found = _Text.find(iPattern._Text, From);
-    if (Found == std::string::npos)
+    const std::size_t Found = Text.find(Pattern, From);
+    if (Found == std::string_view::npos)
       return -1;
     if (OnBoundary(Found))
       return CharOf(Found);

@@ -1,11 +1,18 @@
 /// Unicode string with value semantics, stored as UTF-8. Lengths and
 /// positions count characters (code points) from 0; a byte that does not
 /// start a valid UTF-8 sequence counts as one character of its own, so no
-/// text, however malformed, is read outside its bounds. Ownership, threads, errors: @ref conventions. @file
+/// text, however malformed, is read outside its bounds.
+///
+/// A string takes 16 bytes, and texts of up to 15 bytes (most names, types,
+/// revisions and flags of a response) need no other memory: object contexts
+/// hold millions of them. Ownership, threads, errors: @ref conventions. @file
 #ifndef KelUnicodeString_h
 #define KelUnicodeString_h
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -19,46 +26,64 @@ public:
     KelSearchForward = 2    // first occurrence starting at or after the start position
   };
 
-  KelUnicodeString() = default;
-  KelUnicodeString(const char* iText) : _Text(iText ? iText : "") {}
-  KelUnicodeString(const char* iText, std::size_t iBytes) : _Text(iText ? iText : "", iText ? iBytes : 0) {}
-  explicit KelUnicodeString(std::string_view iText) : _Text(iText) {}
-  explicit KelUnicodeString(std::string iText) : _Text(std::move(iText)) {}
+  KelUnicodeString() { SetShortSize(0); }
+  KelUnicodeString(const char* iText) : KelUnicodeString() { Assign(iText, iText ? std::strlen(iText) : 0); }
+  KelUnicodeString(const char* iText, std::size_t iBytes) : KelUnicodeString() { Assign(iText, iText ? iBytes : 0); }
+  explicit KelUnicodeString(std::string_view iText) : KelUnicodeString() { Assign(iText.data(), iText.size()); }
+  explicit KelUnicodeString(const std::string& iText) : KelUnicodeString(std::string_view(iText)) {}
+  KelUnicodeString(const KelUnicodeString& iOther) : KelUnicodeString() { CopyFrom(iOther); }
+  KelUnicodeString(KelUnicodeString&& ioOther) noexcept { Steal(ioOther); }
+  ~KelUnicodeString() { Free(); }
 
+  KelUnicodeString& operator=(const KelUnicodeString& iOther)
+  {
+    if (this != &iOther)
+      Assign(iOther.Data(), iOther.Size());
+    return *this;
+  }
+  KelUnicodeString& operator=(KelUnicodeString&& ioOther) noexcept
+  {
+    if (this != &ioOther)
+    {
+      Free();
+      Steal(ioOther);
+    }
+    return *this;
+  }
   KelUnicodeString& operator=(const char* iText)
   {
-    _Text.assign(iText ? iText : "");
+    Assign(iText, iText ? std::strlen(iText) : 0);
     return *this;
   }
   KelUnicodeString& operator+=(const KelUnicodeString& iOther)
   {
-    _Text += iOther._Text;
+    AppendBytes(iOther.Data(), iOther.Size());
     return *this;
   }
   KelUnicodeString& operator+=(const char* iText)
   {
     if (iText)
-      _Text += iText;
+      AppendBytes(iText, std::strlen(iText));
     return *this;
   }
   KelUnicodeString& Append(const KelUnicodeString& iOther) { return *this += iOther; }
-  void AppendBytes(const char* iText, std::size_t iBytes) { _Text.append(iText, iBytes); }
+  void AppendBytes(const char* iText, std::size_t iBytes);
 
-  bool operator==(const KelUnicodeString& iOther) const { return _Text == iOther._Text; }
-  bool operator!=(const KelUnicodeString& iOther) const { return _Text != iOther._Text; }
+  bool operator==(const KelUnicodeString& iOther) const { return View() == iOther.View(); }
+  bool operator!=(const KelUnicodeString& iOther) const { return View() != iOther.View(); }
   /// Lengths first: against a literal the length is known at compile time.
   bool operator==(const char* iText) const { return View() == std::string_view(iText ? iText : ""); }
   bool operator!=(const char* iText) const { return !(*this == iText); }
-  bool operator<(const KelUnicodeString& iOther) const { return _Text < iOther._Text; }
+  bool operator<(const KelUnicodeString& iOther) const { return View() < iOther.View(); }
 
   /// Non-zero when both strings hold the same characters, 0 when they differ.
-  int Compare(const KelUnicodeString& iOther) const { return _Text == iOther._Text ? 1 : 0; }
+  int Compare(const KelUnicodeString& iOther) const { return *this == iOther ? 1 : 0; }
 
   /// Lower-cases ASCII letters; every other character is left as it is.
   void ToLower();
 
   int GetLengthInChar() const;
-  bool IsEmpty() const { return _Text.empty(); }
+  bool IsEmpty() const { return Size() == 0; }
 
   /// iLength characters from iStart; both are clamped to the string.
   KelUnicodeString SubString(int iStart, int iLength) const;
@@ -67,15 +92,76 @@ public:
   /// when absent. An empty pattern is found at the (clamped) start.
   int SearchSubString(const KelUnicodeString& iPattern, int iStart = 0, int iMode = KelSearchForward) const;
 
-  const char* ConvertToChar() const { return _Text.c_str(); }
-  const std::string& ToUtf8() const { return _Text; }
-  std::string_view View() const { return _Text; }
-  std::size_t GetLengthInByte() const { return _Text.size(); }
+  /// The bytes, followed by a NUL.
+  const char* ConvertToChar() const { return Data(); }
+  /// A copy of the bytes.
+  std::string ToUtf8() const { return std::string(View()); }
+  std::string_view View() const { return std::string_view(Data(), Size()); }
+  std::size_t GetLengthInByte() const { return Size(); }
 
-  void Clear() { _Text.clear(); }
+  /// Empties the string; the room of a long one is kept for what comes next.
+  void Clear();
+
+  /// The longest text a string holds (a longer one is a std::bad_alloc).
+  static constexpr std::size_t MaxBytes = 0x7FFFFFFE;
 
 private:
-  std::string _Text;
+  // Sixteen bytes. A text of up to ShortBytes bytes lies in them, followed by
+  // a NUL, with the last byte holding ShortBytes minus its length (so that a
+  // full short text ends with a NUL too). A longer text lies in a heap block:
+  // its address in bytes 0-7, its length in 8-11, the block's room in 12-15
+  // with the top bit set, which is the last byte's high bit.
+  static constexpr std::size_t ShortBytes = 15;
+  static constexpr std::uint32_t LongMark = 0x80000000u;
+  static_assert(std::endian::native == std::endian::little, "the long mark is the last byte's high bit");
+
+  bool IsLong() const { return (_Bytes[15] & 0x80) != 0; }
+  char* LongData() const
+  {
+    char* pData = nullptr;
+    std::memcpy(&pData, _Bytes, sizeof pData);
+    return pData;
+  }
+  std::uint32_t LongSize() const
+  {
+    std::uint32_t Size = 0;
+    std::memcpy(&Size, _Bytes + 8, sizeof Size);
+    return Size;
+  }
+  std::size_t LongRoom() const
+  {
+    std::uint32_t Room = 0;
+    std::memcpy(&Room, _Bytes + 12, sizeof Room);
+    return Room & ~LongMark;
+  }
+  const char* Data() const { return IsLong() ? LongData() : reinterpret_cast<const char*>(_Bytes); }
+  char* MutableData() { return IsLong() ? LongData() : reinterpret_cast<char*>(_Bytes); }
+  std::size_t Size() const { return IsLong() ? LongSize() : ShortBytes - _Bytes[15]; }
+  std::size_t Room() const { return IsLong() ? LongRoom() : ShortBytes; }
+
+  void SetShortSize(std::size_t iSize)
+  {
+    _Bytes[iSize] = 0;
+    _Bytes[15] = static_cast<unsigned char>(ShortBytes - iSize);
+  }
+  void SetLong(char* ipData, std::size_t iSize, std::size_t iRoom);
+  /// Sets the length of the text (within its room) and ends it with a NUL.
+  void SetSize(std::size_t iSize);
+
+  void Assign(const char* iText, std::size_t iBytes);
+  void CopyFrom(const KelUnicodeString& iOther);
+  void Steal(KelUnicodeString& ioOther) noexcept
+  {
+    std::memcpy(_Bytes, ioOther._Bytes, sizeof _Bytes);
+    ioOther.SetShortSize(0);
+  }
+  void Free()
+  {
+    if (IsLong())
+      ::operator delete(LongData(), LongRoom() + 1);
+  }
+
+  alignas(8) unsigned char _Bytes[16] = {};
 };
 
 inline bool operator==(const char* iText, const KelUnicodeString& iString) { return iString == iText; }

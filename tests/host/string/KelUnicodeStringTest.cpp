@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "KelUnicodeString.h"
 
@@ -215,4 +218,103 @@ TEST(KelUnicodeString, HashesAndOrdersByContent)
   EXPECT_EQ(std::hash<KelUnicodeString>()(KelUnicodeString("k")), std::hash<KelUnicodeString>()(KelUnicodeString("k")));
   EXPECT_TRUE(KelUnicodeString("a") < KelUnicodeString("b"));
   EXPECT_FALSE(KelUnicodeString("b") < KelUnicodeString("a"));
+}
+
+TEST(KelUnicodeString, TakesSixteenBytesWhateverItsLength) { EXPECT_EQ(sizeof(KelUnicodeString), 16u); }
+
+TEST(KelUnicodeString, TextsOfEveryLengthAroundTheShortLimitKeepTheirBytesAndEndWithANul)
+{
+  for (std::size_t Length = 0; Length <= 40; ++Length)
+  {
+    const std::string Bytes(Length, 'x');
+    const KelUnicodeString Text(Bytes.c_str());
+    EXPECT_EQ(Text.GetLengthInByte(), Length);
+    EXPECT_EQ(Text.ToUtf8(), Bytes);
+    EXPECT_EQ(Text.ConvertToChar()[Length], '\0');
+    KelUnicodeString Built;
+    for (std::size_t i = 0; i < Length; ++i)
+      Built += "x";
+    EXPECT_EQ(Built, Text);
+    EXPECT_EQ(Built.ConvertToChar()[Length], '\0');
+  }
+}
+
+TEST(KelUnicodeString, KeepsNulBytesInsideTheText)
+{
+  const KelUnicodeString Short("a\0b", 3);
+  const KelUnicodeString Long("a\0bcdefghijklmnopqrstuvwxyz", 27);
+  EXPECT_EQ(Short.GetLengthInByte(), 3u);
+  EXPECT_EQ(Long.GetLengthInByte(), 27u);
+  EXPECT_EQ(Short.View(), std::string_view("a\0b", 3));
+  EXPECT_NE(Short, KelUnicodeString("a"));
+}
+
+TEST(KelUnicodeString, AppendingItselfOrAPartOfItselfDoublesTheText)
+{
+  KelUnicodeString Short("abc");
+  Short += Short;
+  EXPECT_EQ(Short, "abcabc");
+  KelUnicodeString Growing("0123456789");
+  Growing += Growing;  // from the object's own bytes into a heap block
+  EXPECT_EQ(Growing, "01234567890123456789");
+  Growing += Growing;  // from one heap block into a larger one
+  EXPECT_EQ(Growing, "0123456789012345678901234567890123456789");
+  Growing.AppendBytes(Growing.ConvertToChar() + 30, 10);
+  EXPECT_EQ(Growing, "01234567890123456789012345678901234567890123456789");
+}
+
+TEST(KelUnicodeString, AssigningAPartOfItselfKeepsThoseBytes)
+{
+  KelUnicodeString Text("a text longer than the short limit");
+  Text = Text.ConvertToChar() + 2;
+  EXPECT_EQ(Text, "text longer than the short limit");
+  Text = Text.ConvertToChar() + 25;
+  EXPECT_EQ(Text, "t limit");
+}
+
+TEST(KelUnicodeString, ClearEmptiesAndALongTextRefillsInItsRoom)
+{
+  KelUnicodeString Text("a text longer than the short limit");
+  const char* pRoom = Text.ConvertToChar();
+  Text.Clear();
+  EXPECT_TRUE(Text.IsEmpty());
+  EXPECT_STREQ(Text.ConvertToChar(), "");
+  Text.AppendBytes("another text of some length", 27);
+  EXPECT_EQ(Text.ConvertToChar(), pRoom);
+  EXPECT_EQ(Text, "another text of some length");
+}
+
+TEST(KelUnicodeString, MovingTakesTheTextAndLeavesTheSourceEmpty)
+{
+  KelUnicodeString Long("a text longer than the short limit");
+  const char* pRoom = Long.ConvertToChar();
+  KelUnicodeString Moved(std::move(Long));
+  EXPECT_EQ(Moved.ConvertToChar(), pRoom);
+  EXPECT_TRUE(Long.IsEmpty());  // NOLINT(bugprone-use-after-move): the state after a move is part of the contract
+  KelUnicodeString Short("short");
+  Moved = std::move(Short);
+  EXPECT_EQ(Moved, "short");
+  EXPECT_TRUE(Short.IsEmpty());  // NOLINT(bugprone-use-after-move)
+}
+
+TEST(KelUnicodeString, CopiesAreIndependent)
+{
+  KelUnicodeString Original("a text longer than the short limit");
+  KelUnicodeString Copy(Original);
+  Copy.ToLower();
+  Original += "!";
+  EXPECT_EQ(Copy, "a text longer than the short limit");
+  EXPECT_EQ(Original, "a text longer than the short limit!");
+  KelUnicodeString Short("Short");
+  Short = Original;
+  EXPECT_EQ(Short, Original);
+  Original = KelUnicodeString("x");
+  EXPECT_EQ(Short, "a text longer than the short limit!");
+}
+
+TEST(KelUnicodeString, ATextPastTheLongestIsAnAllocationFailure)
+{
+  KelUnicodeString Text("abc");
+  EXPECT_THROW(Text.AppendBytes("x", KelUnicodeString::MaxBytes), std::bad_alloc);
+  EXPECT_EQ(Text, "abc");  // unchanged
 }
