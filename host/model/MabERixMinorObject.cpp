@@ -5,14 +5,16 @@ KelImplementClass(MabERixMinorObject, MabERixEntity, "KelSystem")
 MabERixMinorObject::MabERixMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
                                        const KelUnicodeString& iName, const KelUnicodeString& iRevision,
                                        const KelUnicodeString& iVersion)
-    : MabERixEntity(iType, iName), _ID(iID), _pKeyRevision(Intern(iRevision)), _pKeyVersion(Intern(iVersion))
+    : MabERixEntity(iType, iName), _ExtraAttributes(&GetStore().GetArena()), _ElementValues(&GetStore().GetArena()),
+      _ID(iID), _pKeyRevision(Intern(iRevision)), _pKeyVersion(Intern(iVersion))
 {
 }
 
 MabERixMinorObject::MabERixMinorObject(MabRixContextStore& ioStore, const MabRixObjectID& iID,
                                        const KelUnicodeString& iType, const KelUnicodeString& iName,
                                        const KelUnicodeString& iRevision, const KelUnicodeString& iVersion)
-    : MabERixEntity(ioStore, iType, iName), _ID(iID), _pKeyRevision(Intern(iRevision)), _pKeyVersion(Intern(iVersion))
+    : MabERixEntity(ioStore, iType, iName), _ExtraAttributes(&ioStore.GetArena()), _ElementValues(&ioStore.GetArena()),
+      _ID(iID), _pKeyRevision(Intern(iRevision)), _pKeyVersion(Intern(iVersion))
 {
 }
 

@@ -47,6 +47,8 @@ public:
   /// document ID); E_FAIL, list untouched, while it has none.
   virtual HRESULT GetDocumentIDList(MabRixDocumentIDList& oList) const;
 
+  // Their entries lie in the context's memory; a copy of either is the
+  // caller's own.
   KelUnicodeStringKelUnicodeStringDico _ExtraAttributes;  ///< attribute name to value
   KelUnicodeStringKelUnicodeStringDico _ElementValues;    ///< element name to text
   unsigned char _bPointer = KelFalse;

@@ -45,6 +45,19 @@ void MabRixArena::RecycleBlock(void* ipBlock, std::size_t iBytes)
   pHead = new (ipBlock) FreeBlock{pHead};
 }
 
+void* MabRixArena::do_allocate(std::size_t iBytes, std::size_t iAlignment)
+{
+  if (iAlignment <= alignof(FreeBlock*) && BlockBytes(iBytes) <= MaxRecycledBytes)
+    return AllocateBlock(BlockBytes(iBytes));
+  return Allocate(iBytes, iAlignment);
+}
+
+void MabRixArena::do_deallocate(void* ipPiece, std::size_t iBytes, std::size_t iAlignment)
+{
+  if (iAlignment <= alignof(FreeBlock*) && BlockBytes(iBytes) <= MaxRecycledBytes)
+    RecycleBlock(ipPiece, BlockBytes(iBytes));
+}
+
 void* MabRixArena::AllocateInNewChunk(std::size_t iBytes, std::size_t iAlignment)
 {
   const std::size_t Header = (sizeof(Chunk) + alignof(std::max_align_t) - 1) & ~(alignof(std::max_align_t) - 1);

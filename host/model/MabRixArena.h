@@ -13,14 +13,15 @@
 
 #include <bit>
 #include <cstddef>
+#include <memory_resource>
 
-class MabRixArena
+class MabRixArena : public std::pmr::memory_resource
 {
 public:
   MabRixArena() = default;
   MabRixArena(const MabRixArena&) = delete;
   MabRixArena& operator=(const MabRixArena&) = delete;
-  ~MabRixArena();
+  ~MabRixArena() override;
 
   /// iBytes of room aligned on iAlignment (a power of two at most 16). Throws
   /// std::bad_alloc like operator new when the memory is not there.
@@ -83,6 +84,12 @@ public:
   std::size_t GetTakenBytes() const { return _Taken; }
 
 private:
+  // As a memory resource (for containers of the context's entities), pieces
+  // of up to MaxRecycledBytes are blocks that are given back.
+  void* do_allocate(std::size_t iBytes, std::size_t iAlignment) override;
+  void do_deallocate(void* ipPiece, std::size_t iBytes, std::size_t iAlignment) override;
+  bool do_is_equal(const std::pmr::memory_resource& iOther) const noexcept override { return this == &iOther; }
+
   struct Chunk
   {
     Chunk* _pPrevious;

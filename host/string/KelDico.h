@@ -10,7 +10,12 @@
 /// them holding a handful of entries, and a few very large ones (every file
 /// of a list). So: an empty dictionary allocates nothing; up to SmallSize
 /// entries are found by a plain scan; beyond that an open-addressing index of
-/// hash tags and positions finds them without touching other keys. Ownership, threads, errors: @ref conventions. @file
+/// hash tags and positions finds them without touching other keys.
+///
+/// The entries of a dictionary built with a memory resource (a minor object's
+/// dictionaries, in its context's memory) take their room from it; copies and
+/// dictionaries moved out of it use the heap, so they may outlive it. Ownership, threads, errors: @ref conventions.
+/// @file
 #ifndef KelDico_h
 #define KelDico_h
 
@@ -19,6 +24,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <memory_resource>
 #include <new>
 #include <string_view>
 #include <utility>
@@ -53,8 +59,13 @@ public:
   };
 
   KelDico() = default;
+  /// A dictionary whose entries take their room from ipMemory (the heap when
+  /// null), which must outlive it.
+  explicit KelDico(std::pmr::memory_resource* ipMemory) : _pMemory(ipMemory) {}
   KelDico(const KelDico& iOther) { CopyFrom(iOther); }
-  KelDico(KelDico&& ioOther) noexcept { Steal(ioOther); }
+  /// Takes the entries of ioOther: its room when it is on the heap, a move of
+  /// each entry into heap room otherwise.
+  KelDico(KelDico&& ioOther) { TakeFrom(ioOther); }
   KelDico& operator=(const KelDico& iOther)
   {
     if (this != &iOther)
@@ -64,12 +75,15 @@ public:
     }
     return *this;
   }
-  KelDico& operator=(KelDico&& ioOther) noexcept
+  KelDico& operator=(KelDico&& ioOther)
   {
     if (this != &ioOther)
     {
-      Free();
-      Steal(ioOther);
+      if (_pMemory == ioOther._pMemory)
+        Free();
+      else
+        RemoveAll();
+      TakeFrom(ioOther);
     }
     return *this;
   }
@@ -137,7 +151,7 @@ public:
   {
     if (_Size >= SmallSize || _Size == _FirstRoom)
       return;
-    KelDico Compact;
+    KelDico Compact(_pMemory);
     Compact.TakeCompact(*this);
     *this = std::move(Compact);
   }
@@ -148,10 +162,13 @@ public:
     for (std::size_t i = _Size; i-- > 0;)
       At(i).~Entry();
     _Size = 0;
-    for (std::size_t c = 0; c < _More.size(); ++c)
-      Release(_More[c], ChunkCapacity(c + 1));
-    std::vector<Entry*>().swap(_More);
-    std::vector<std::uint64_t>().swap(_Slots);
+    if (_pLarge)
+    {
+      for (std::size_t c = 0; c < _pLarge->_More.size(); ++c)
+        Release(_pLarge->_More[c], ChunkCapacity(c + 1));
+      delete _pLarge;
+      _pLarge = nullptr;
+    }
   }
   int Size() const { return static_cast<int>(_Size); }
 
@@ -173,6 +190,13 @@ private:
   static constexpr std::size_t SmallSize = 8;  ///< entries found by a scan; also the first chunk's room
   static constexpr std::size_t NotFound = static_cast<std::size_t>(-1);
 
+  /// What only a dictionary of more than SmallSize entries needs.
+  struct Large
+  {
+    std::vector<Entry*> _More;          ///< chunks after the first, each twice the previous
+    std::vector<std::uint64_t> _Slots;  ///< the index
+  };
+
   static std::size_t HashOf(std::string_view iKey) { return std::hash<std::string_view>()(iKey); }
   /// A slot holds the upper half of the key's hash and the entry's position
   /// plus one; 0 is an empty slot.
@@ -192,7 +216,7 @@ private:
     if (iPosition < SmallSize)
       return _pFirst + iPosition;
     const std::size_t Chunk = ChunkOf(iPosition);
-    return _More[Chunk - 1] + (iPosition - ChunkStart(Chunk));
+    return _pLarge->_More[Chunk - 1] + (iPosition - ChunkStart(Chunk));
   }
   Entry& At(std::size_t iPosition) { return *Slot(iPosition); }
   const Entry& At(std::size_t iPosition) const { return *Slot(iPosition); }
@@ -202,10 +226,16 @@ private:
   {
     if (_Size < SmallSize && _Size == _FirstRoom)
       GrowFirst();
-    else if (_Size >= SmallSize && ChunkOf(_Size) > _More.size())
+    else if (_Size >= SmallSize)
     {
-      _More.reserve(_More.size() + 1);
-      _More.push_back(Allocate(ChunkCapacity(_More.size() + 1)));
+      if (!_pLarge)
+        _pLarge = new Large();
+      std::vector<Entry*>& More = _pLarge->_More;
+      if (ChunkOf(_Size) > More.size())
+      {
+        More.reserve(More.size() + 1);
+        More.push_back(Allocate(ChunkCapacity(More.size() + 1)));
+      }
     }
     return Slot(_Size);
   }
@@ -226,24 +256,25 @@ private:
     _FirstRoom = SmallSize;
   }
 
-  static Entry* Allocate(std::size_t iCount)
+  Entry* Allocate(std::size_t iCount) const
   {
+    if (_pMemory)
+      return static_cast<Entry*>(_pMemory->allocate(iCount * sizeof(Entry), alignof(Entry)));
     return static_cast<Entry*>(::operator new(iCount * sizeof(Entry), std::align_val_t(alignof(Entry))));
   }
-  static void Release(Entry* ipChunk, std::size_t iCount)
+  void Release(Entry* ipChunk, std::size_t iCount) const
   {
-    ::operator delete(ipChunk, iCount * sizeof(Entry), std::align_val_t(alignof(Entry)));
+    if (_pMemory)
+      _pMemory->deallocate(ipChunk, iCount * sizeof(Entry), alignof(Entry));
+    else
+      ::operator delete(ipChunk, iCount * sizeof(Entry), std::align_val_t(alignof(Entry)));
   }
 
-  std::size_t Locate(std::string_view iKey) const
-  {
-    if (_Slots.empty())
-      return Scan(iKey);
-    return Probe(iKey, HashOf(iKey));
-  }
+  bool IsIndexed() const { return _pLarge && !_pLarge->_Slots.empty(); }
+  std::size_t Locate(std::string_view iKey) const { return IsIndexed() ? Probe(iKey, HashOf(iKey)) : Scan(iKey); }
   std::size_t Locate(std::string_view iKey, std::size_t iHash) const
   {
-    return _Slots.empty() ? Scan(iKey) : Probe(iKey, iHash);
+    return IsIndexed() ? Probe(iKey, iHash) : Scan(iKey);
   }
   std::size_t Scan(std::string_view iKey) const
   {
@@ -254,11 +285,12 @@ private:
   }
   std::size_t Probe(std::string_view iKey, std::size_t iHash) const
   {
-    const std::size_t Mask = _Slots.size() - 1;
+    const std::vector<std::uint64_t>& Slots = _pLarge->_Slots;
+    const std::size_t Mask = Slots.size() - 1;
     const std::uint64_t KeyTag = Tag(iHash);
     for (std::size_t Slot = iHash & Mask;; Slot = (Slot + 1) & Mask)
     {
-      const std::uint64_t Content = _Slots[Slot];
+      const std::uint64_t Content = Slots[Slot];
       if (Content == 0)
         return NotFound;
       if ((Content & 0xFFFFFFFF00000000ull) == KeyTag)
@@ -270,36 +302,41 @@ private:
     }
   }
 
+  /// Each step either succeeds or leaves the dictionary as it was: room for
+  /// the entry, room in the index for it, the entry, its place in the index.
   void Append(const KelUnicodeString& iKey, const V& iValue, std::size_t iHash)
   {
-    new (Room()) Entry(iKey, iValue);
+    if (_Size >= 0xFFFFFFFEu)
+      throw std::bad_alloc();
+    Entry* pRoom = Room();
+    if (_Size + 1 > SmallSize)
+      ReserveIndex(_Size + 1);
+    new (pRoom) Entry(iKey, iValue);
     ++_Size;
     if (_Size > SmallSize)
-      Index(_Size - 1, iHash);
+      Place(_Size - 1, iHash);
   }
 
-  /// Enters the entry at iPosition in the index, which is kept at most half
-  /// full (and built when the dictionary outgrows a scan).
-  void Index(std::size_t iPosition, std::size_t iHash)
+  /// An index for iCount entries, at most half full, holding every entry
+  /// there is (built when the dictionary outgrows a scan).
+  void ReserveIndex(std::size_t iCount)
   {
-    if (_Slots.size() < 2 * _Size)
-    {
-      Rebuild(std::bit_ceil(4 * _Size));
-      return;
-    }
-    Place(iPosition, iHash);
+    if (_pLarge->_Slots.size() < 2 * iCount)
+      Rebuild(std::bit_ceil(4 * iCount));
   }
   void Place(std::size_t iPosition, std::size_t iHash)
   {
-    const std::size_t Mask = _Slots.size() - 1;
+    std::vector<std::uint64_t>& Slots = _pLarge->_Slots;
+    const std::size_t Mask = Slots.size() - 1;
     std::size_t Slot = iHash & Mask;
-    while (_Slots[Slot] != 0)
+    while (Slots[Slot] != 0)
       Slot = (Slot + 1) & Mask;
-    _Slots[Slot] = Tag(iHash) | static_cast<std::uint64_t>(iPosition + 1);
+    Slots[Slot] = Tag(iHash) | static_cast<std::uint64_t>(iPosition + 1);
   }
   void Rebuild(std::size_t iSlots)
   {
-    _Slots.assign(iSlots, 0);
+    std::vector<std::uint64_t> Slots(iSlots, 0);  // may throw: the old index stays
+    _pLarge->_Slots.swap(Slots);
     for (std::size_t i = 0; i < _Size; ++i)
       Place(i, HashOf(At(i).first.View()));
   }
@@ -310,24 +347,41 @@ private:
     if (!_pFirst && iOther._Size > 0 && iOther._Size < SmallSize)
     {
       _pFirst = Allocate(iOther._Size);
-      _FirstRoom = iOther._Size;
+      _FirstRoom = static_cast<std::uint32_t>(iOther._Size);
     }
     for (std::size_t i = 0; i < iOther._Size; ++i)
     {
       new (Room()) Entry(iOther.At(i));
       ++_Size;
     }
-    _Slots = iOther._Slots;  // same keys at the same positions
+    if (iOther._pLarge)
+      _pLarge->_Slots = iOther._pLarge->_Slots;  // same keys at the same positions
   }
-  void Steal(KelDico& ioOther) noexcept
+  /// Takes ioOther's room when both use the same memory (this one holds
+  /// none), else moves its entries one by one into this one's.
+  void TakeFrom(KelDico& ioOther)
   {
-    _pFirst = std::exchange(ioOther._pFirst, nullptr);
-    _FirstRoom = std::exchange(ioOther._FirstRoom, 0);
-    _More = std::move(ioOther._More);
-    _Slots = std::move(ioOther._Slots);
-    _Size = std::exchange(ioOther._Size, 0);
-    ioOther._More.clear();
-    ioOther._Slots.clear();
+    if (_pMemory == ioOther._pMemory)
+    {
+      _pFirst = std::exchange(ioOther._pFirst, nullptr);
+      _FirstRoom = std::exchange(ioOther._FirstRoom, 0);
+      _pLarge = std::exchange(ioOther._pLarge, nullptr);
+      _Size = std::exchange(ioOther._Size, 0);
+      return;
+    }
+    if (!_pFirst && ioOther._Size > 0 && ioOther._Size < SmallSize)
+    {
+      _pFirst = Allocate(ioOther._Size);
+      _FirstRoom = ioOther._Size;
+    }
+    for (std::size_t i = 0; i < ioOther._Size; ++i)
+    {
+      new (Room()) Entry(std::move(ioOther.At(i)));
+      ++_Size;
+    }
+    if (ioOther._pLarge)
+      _pLarge->_Slots = std::move(ioOther._pLarge->_Slots);
+    ioOther.RemoveAll();
   }
   void Free()
   {
@@ -338,11 +392,11 @@ private:
     _FirstRoom = 0;
   }
 
-  Entry* _pFirst = nullptr;           ///< the first SmallSize entries
-  std::size_t _FirstRoom = 0;         ///< entries _pFirst has room for: SmallSize, or fewer when compact
-  std::vector<Entry*> _More;          ///< further chunks, each twice the previous
-  std::vector<std::uint64_t> _Slots;  ///< empty while the dictionary is small
-  std::size_t _Size = 0;
+  Entry* _pFirst = nullptr;                       ///< the first SmallSize entries
+  std::uint32_t _Size = 0;                        ///< entries
+  std::uint32_t _FirstRoom = 0;                   ///< entries _pFirst has room for: SmallSize, or fewer when compact
+  Large* _pLarge = nullptr;                       ///< null while the dictionary is small
+  std::pmr::memory_resource* _pMemory = nullptr;  ///< where entries take room; null: the heap
 };
 
 #endif

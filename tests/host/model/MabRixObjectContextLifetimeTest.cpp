@@ -6,6 +6,7 @@
 
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "KelError.h"
@@ -97,6 +98,8 @@ TEST(MabRixObjectContextLifetime, ValuesCopiedOutAndEntitiesHeldOutliveTheContex
   KelUnicodeString UUID;
   MabRixDocumentID DocumentID;
   KelUnicodeString Description;
+  KelUnicodeStringKelUnicodeStringDico CopiedAttributes;
+  KelUnicodeStringKelUnicodeStringDico MovedValues;
   std::vector<std::string> Before;
   MabERixMinorObject_var spMinor;
   MabERixMajorObject_var spMajor;
@@ -108,6 +111,9 @@ TEST(MabRixObjectContextLifetime, ValuesCopiedOutAndEntitiesHeldOutliveTheContex
     ASSERT_EQ(Minor.GetMinorUUID(UUID), S_OK);
     ASSERT_EQ(Minor.GetDocumentID(DocumentID), S_OK);
     Description = Minor._ExtraAttributes["Description"];
+    // Whole dictionaries, copied or moved out of the context's memory.
+    CopiedAttributes = Minor._ExtraAttributes;
+    MovedValues = std::move(Context.GetMinorObjects()[8]->_ElementValues);
     spMinor = Context.GetMinorObjects()[3];
     spMajor = Context.GetMajorObjects()[2];
     Before = MabRixPropertyTexts(spMinor.Get());
@@ -118,6 +124,11 @@ TEST(MabRixObjectContextLifetime, ValuesCopiedOutAndEntitiesHeldOutliveTheContex
   EXPECT_EQ(UUID, "U7");
   EXPECT_EQ(DocumentID, MabRixDocumentID::Create("component", "part3.prt", MabRixPath("/work/part3.prt")));
   EXPECT_EQ(Description, "a description long enough to leave the string buffer 7");
+  EXPECT_EQ(CopiedAttributes["Description"], "a description long enough to leave the string buffer 7");
+  EXPECT_EQ(MovedValues["preview"], "/thumbs/8.png");
+  EXPECT_EQ(MovedValues["State"], "In Work");
+  CopiedAttributes.Insert("added after the context", "still growing");
+  EXPECT_EQ(CopiedAttributes["added after the context"], "still growing");
 
   // The entities held keep their keys, properties and dictionaries, and the
   // major object its object.

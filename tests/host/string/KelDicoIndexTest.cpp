@@ -2,6 +2,7 @@
 // stability, copies, moves and reuse after RemoveAll.
 #include <gtest/gtest.h>
 
+#include <memory_resource>
 #include <string>
 #include <utility>
 
@@ -181,4 +182,88 @@ TEST(KelDicoIndex, ShrinkToFitKeepsEveryEntryAndTheDictionaryStillGrows)
       ASSERT_TRUE(Dico.Insert(KeyOf(i), KelUnicodeString(std::to_string(i))));
     EXPECT_EQ(Dico, Numbered(Count + 12)) << Count;
   }
+}
+
+namespace
+{
+// Counts what a dictionary takes from it and gives back.
+class CountingResource : public std::pmr::memory_resource
+{
+public:
+  std::size_t _Live = 0;
+  std::size_t _Allocations = 0;
+
+private:
+  void* do_allocate(std::size_t iBytes, std::size_t iAlignment) override
+  {
+    ++_Live;
+    ++_Allocations;
+    return std::pmr::new_delete_resource()->allocate(iBytes, iAlignment);
+  }
+  void do_deallocate(void* ipPiece, std::size_t iBytes, std::size_t iAlignment) override
+  {
+    --_Live;
+    std::pmr::new_delete_resource()->deallocate(ipPiece, iBytes, iAlignment);
+  }
+  bool do_is_equal(const std::pmr::memory_resource& iOther) const noexcept override { return this == &iOther; }
+};
+}  // namespace
+
+TEST(KelDicoMemory, EntriesOfADictionaryWithAMemoryResourceTakeTheirRoomFromIt)
+{
+  CountingResource Memory;
+  {
+    KelUnicodeStringKelUnicodeStringDico Dico(&Memory);
+    for (int i = 0; i < 100; ++i)
+      Dico.Insert(KeyOf(i), "v");
+    EXPECT_GT(Memory._Live, 1u);  // the first chunk and larger ones
+    EXPECT_EQ(Dico["key-99"], "v");
+  }
+  EXPECT_EQ(Memory._Live, 0u);
+}
+
+TEST(KelDicoMemory, CopiesAndDictionariesMovedOutOfAMemoryResourceLiveOnTheHeap)
+{
+  CountingResource Memory;
+  auto* pDico = new KelUnicodeStringKelUnicodeStringDico(&Memory);
+  for (int i = 0; i < 20; ++i)
+    pDico->Insert(KeyOf(i), KelUnicodeString("value " + std::to_string(i)));
+  const std::size_t Taken = Memory._Allocations;
+  KelUnicodeStringKelUnicodeStringDico Copy(*pDico);
+  KelUnicodeStringKelUnicodeStringDico Moved(std::move(*pDico));
+  KelUnicodeStringKelUnicodeStringDico Assigned;
+  Assigned = Copy;
+  EXPECT_EQ(Memory._Allocations, Taken);  // none of them took room from it
+  EXPECT_EQ(pDico->Size(), 0);            // NOLINT(bugprone-use-after-move): emptied by the move
+  delete pDico;
+  EXPECT_EQ(Memory._Live, 0u);  // the resource may go: the others hold nothing of it
+  for (const KelUnicodeStringKelUnicodeStringDico* pHeld : {&Copy, &Moved, &Assigned})
+  {
+    ASSERT_EQ(pHeld->Size(), 20);
+    EXPECT_EQ((*pHeld)[KeyOf(19)], "value 19");
+    EXPECT_TRUE(pHeld->HasKey(KeyOf(0)));
+  }
+}
+
+TEST(KelDicoMemory, MovingIntoADictionaryWithAMemoryResourceKeepsItsResource)
+{
+  CountingResource Memory;
+  KelUnicodeStringKelUnicodeStringDico Target(&Memory);
+  for (const int Count : {3, 12})
+  {
+    KelUnicodeStringKelUnicodeStringDico Source = Numbered(Count);
+    Target = std::move(Source);
+    EXPECT_GT(Memory._Live, 0u);
+    ASSERT_EQ(Target.Size(), Count);
+    EXPECT_EQ(Target[KeyOf(Count - 1)], KelUnicodeString(std::to_string(Count - 1)));
+    KelUnicodeStringKelUnicodeStringDico Compact = Numbered(5);
+    Target.TakeCompact(Compact);
+    EXPECT_EQ(Target.Size(), 5);
+    EXPECT_EQ(Compact.Size(), 0);
+  }
+  Target.ShrinkToFit();
+  EXPECT_EQ(Target[KeyOf(4)], "4");
+  Target.RemoveAll();
+  Target.Insert("after", "all");
+  EXPECT_EQ(Target["after"], "all");
 }
