@@ -3,9 +3,8 @@
 KelImplementClass(MabERixEntity, KelBaseUnknown, "KelSystem")
 
 MabERixEntity::MabERixEntity(MabRixContextStore& ioStore, const KelUnicodeString& iType, const KelUnicodeString& iName)
-    : _pStore(&ioStore), _pKeyType(Intern(iType)), _pKeyName(Intern(iName)), _bOwnsStore(false)
+    : _bOwnsStore(false), _pStore(&ioStore), _pKeyType(Intern(iType)), _pKeyName(Intern(iName))
 {
-  _Properties.SetArena(&ioStore.GetArena());
 }
 
 MabERixEntity::MabERixEntity(const KelUnicodeString& iType, const KelUnicodeString& iName)

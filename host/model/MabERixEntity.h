@@ -23,8 +23,8 @@
 #include "MabRixContextStore.h"
 #include "MabRixPropertyBag.h"
 
-#define MabERixProperty(Type, Field)                                                                      \
-  HRESULT _Set##Field(const Type& iValue) { return _Properties.Set(MabRixPropertyIdOf(#Field), iValue); } \
+#define MabERixProperty(Type, Field)                                                                                  \
+  HRESULT _Set##Field(const Type& iValue) { return _Properties.Set(GetArena(), MabRixPropertyIdOf(#Field), iValue); } \
   HRESULT Get##Field(Type& oValue) const { return _Properties.Get(MabRixPropertyIdOf(#Field), oValue); }
 
 class MabERixEntity : public KelBaseUnknown, public MabRixContextAllocated
@@ -59,14 +59,19 @@ protected:
 
   /// The store's copy of iText.
   const KelUnicodeString* Intern(const KelUnicodeString& iText) const { return &_pStore->Intern(iText.View()); }
+  /// Where the properties lie.
+  MabRixArena& GetArena() const { return _pStore->GetArena(); }
 
+private:
+  bool _bOwnsStore;  // first: it fills the room the reference count leaves
+
+protected:
   MabRixPropertyBag _Properties;
 
 private:
   MabRixContextStore* _pStore;
   const KelUnicodeString* _pKeyType;
   const KelUnicodeString* _pKeyName;
-  bool _bOwnsStore;
 };
 
 #endif

@@ -37,7 +37,10 @@ public:
   MabERixProperty(unsigned char, CanResolveUUIDConflict)
   MabERixProperty(MabRixPath, Thumbnail)
   MabERixProperty(KelUnicodeString, OldName)
-  HRESULT _SetAction(KelUnicodeString iAction) { return _Properties.Set(MabRixPropertyIdOf("Action"), iAction); }
+  HRESULT _SetAction(KelUnicodeString iAction)
+  {
+    return _Properties.Set(GetArena(), MabRixPropertyIdOf("Action"), iAction);
+  }
   HRESULT GetAction(KelUnicodeString& oAction) const { return _Properties.Get(MabRixPropertyIdOf("Action"), oAction); }
 
   /// The document ID (property MinorDocumentID); E_FAIL, out untouched,

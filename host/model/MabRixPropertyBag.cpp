@@ -94,12 +94,6 @@ MabRixProperty MabRixPropertyList::operator[](std::size_t iPosition) const
   return MabRixProperty{MabRixPropertyNames[pRecord[0]], MabRixPropertyBag::DecodeValue(pRecord)};
 }
 
-MabRixPropertyBag::~MabRixPropertyBag()
-{
-  if (_pBlock && !_pArena)
-    ::operator delete(_pBlock, _Capacity);
-}
-
 const unsigned char* MabRixPropertyBag::Payload(const unsigned char* ipRecord, std::size_t& oLength)
 {
   return GetVarint(ipRecord + 2, oLength);
@@ -178,29 +172,30 @@ void MabRixPropertyBag::Decode(const unsigned char* ipRecord, MabRixDocumentID& 
   oValue = MabRixDocumentID::Create(KelUnicodeString(Type), KelUnicodeString(Name), MabRixPath(KelUnicodeString(Path)));
 }
 
-HRESULT MabRixPropertyBag::SetText(MabRixPropertyId iId, unsigned char iKind, std::string_view iText)
+HRESULT MabRixPropertyBag::SetText(MabRixArena& ioArena, MabRixPropertyId iId, unsigned char iKind,
+                                   std::string_view iText)
 {
-  unsigned char* pPayload = Place(iId, iKind, iText.size());
+  unsigned char* pPayload = Place(ioArena, iId, iKind, iText.size());
   if (!iText.empty())
     std::memcpy(pPayload, iText.data(), iText.size());
   return S_OK;
 }
 
-HRESULT MabRixPropertyBag::Set(MabRixPropertyId iId, const KelUnicodeStringList& iValue)
+HRESULT MabRixPropertyBag::Set(MabRixArena& ioArena, MabRixPropertyId iId, const KelUnicodeStringList& iValue)
 {
   std::size_t Length = 0;
   for (const KelUnicodeString& Item : iValue)
     Length += PartSize(Item.View());
-  unsigned char* pOut = Place(iId, Kind<KelUnicodeStringList>(), Length);
+  unsigned char* pOut = Place(ioArena, iId, Kind<KelUnicodeStringList>(), Length);
   for (const KelUnicodeString& Item : iValue)
     pOut = PutPart(pOut, Item.View());
   return S_OK;
 }
 
-HRESULT MabRixPropertyBag::Set(MabRixPropertyId iId, const MabRixDocumentID& iID)
+HRESULT MabRixPropertyBag::Set(MabRixArena& ioArena, MabRixPropertyId iId, const MabRixDocumentID& iID)
 {
   const std::string_view Path = iID.GetPath().GetString().View();
-  unsigned char* pOut = Place(iId, Kind<MabRixDocumentID>(),
+  unsigned char* pOut = Place(ioArena, iId, Kind<MabRixDocumentID>(),
                               PartSize(iID.GetType().View()) + PartSize(iID.GetName().View()) + Path.size());
   pOut = PutPart(pOut, iID.GetType().View());
   pOut = PutPart(pOut, iID.GetName().View());
@@ -218,7 +213,8 @@ const unsigned char* MabRixPropertyBag::Find(MabRixPropertyId iId) const
   return nullptr;
 }
 
-unsigned char* MabRixPropertyBag::Place(MabRixPropertyId iId, unsigned char iKind, std::size_t iLength)
+unsigned char* MabRixPropertyBag::Place(MabRixArena& ioArena, MabRixPropertyId iId, unsigned char iKind,
+                                        std::size_t iLength)
 {
   const std::size_t NewSize = 2 + VarintSize(iLength) + iLength;
   const unsigned char* pOld = Find(iId);
@@ -233,7 +229,7 @@ unsigned char* MabRixPropertyBag::Place(MabRixPropertyId iId, unsigned char iKin
   {
     // The records after this one move so that it keeps its place.
     const std::size_t Tail = _Used - Offset - OldSize;
-    unsigned char* pBlock = Reserve(_Used - OldSize + NewSize);
+    unsigned char* pBlock = Reserve(ioArena, _Used - OldSize + NewSize);
     if (Tail)
       std::memmove(pBlock + Offset + NewSize, pBlock + Offset + OldSize, Tail);
     _Used = static_cast<std::uint32_t>(_Used - OldSize + NewSize);
@@ -244,44 +240,26 @@ unsigned char* MabRixPropertyBag::Place(MabRixPropertyId iId, unsigned char iKin
   return PutVarint(pRecord + 2, iLength);
 }
 
-unsigned char* MabRixPropertyBag::Reserve(std::size_t iBytes)
+// An entity's properties are mostly set one after the other right after it
+// is made: the block then grows where it lies. When another entity was made
+// in between, the block moves and its old room goes to the next block of its
+// size.
+unsigned char* MabRixPropertyBag::Reserve(MabRixArena& ioArena, std::size_t iBytes)
 {
   if (iBytes <= _Capacity)
     return _pBlock;
   if (iBytes > UINT32_MAX / 2)
     throw std::bad_alloc();
-  return _pArena ? ReserveInArena(iBytes) : ReserveOnHeap(iBytes);
-}
-
-// An entity's properties are mostly set one after the other right after it
-// is made: the block then grows where it lies. When another entity was made
-// in between, the block moves and its old room goes to the next block of its
-// size.
-unsigned char* MabRixPropertyBag::ReserveInArena(std::size_t iBytes)
-{
   const std::size_t Capacity = MabRixArena::BlockBytes(iBytes);
-  if (_pBlock && _pArena->Extend(_pBlock, _Capacity, Capacity))
+  if (_pBlock && ioArena.Extend(_pBlock, _Capacity, Capacity))
   {
     _Capacity = static_cast<std::uint32_t>(Capacity);
     return _pBlock;
   }
-  unsigned char* pBlock = static_cast<unsigned char*>(_pArena->AllocateBlock(Capacity));
+  unsigned char* pBlock = static_cast<unsigned char*>(ioArena.AllocateBlock(Capacity));
   if (_Used)
     std::memcpy(pBlock, _pBlock, _Used);
-  _pArena->RecycleBlock(_pBlock, _Capacity);
-  _pBlock = pBlock;
-  _Capacity = static_cast<std::uint32_t>(Capacity);
-  return _pBlock;
-}
-
-unsigned char* MabRixPropertyBag::ReserveOnHeap(std::size_t iBytes)
-{
-  const std::size_t Capacity = std::max<std::size_t>(iBytes, _Capacity ? _Capacity + _Capacity / 2 : 48);
-  unsigned char* pBlock = static_cast<unsigned char*>(::operator new(Capacity));
-  if (_Used)
-    std::memcpy(pBlock, _pBlock, _Used);
-  if (_pBlock)
-    ::operator delete(_pBlock, _Capacity);
+  ioArena.RecycleBlock(_pBlock, _Capacity);
   _pBlock = pBlock;
   _Capacity = static_cast<std::uint32_t>(Capacity);
   return _pBlock;

@@ -123,29 +123,31 @@ private:
   const unsigned char* _pEnd;
 };
 
+/// The block lies in the arena of the entity's store, given to each change:
+/// the bag itself is 16 bytes and frees nothing (the arena frees its blocks
+/// all at once).
 class MabRixPropertyBag
 {
 public:
   MabRixPropertyBag() = default;
   MabRixPropertyBag(const MabRixPropertyBag&) = delete;
   MabRixPropertyBag& operator=(const MabRixPropertyBag&) = delete;
-  ~MabRixPropertyBag();
 
-  HRESULT Set(MabRixPropertyId iId, const KelUnicodeString& iValue)
+  HRESULT Set(MabRixArena& ioArena, MabRixPropertyId iId, const KelUnicodeString& iValue)
   {
-    return SetText(iId, Kind<KelUnicodeString>(), iValue.View());
+    return SetText(ioArena, iId, Kind<KelUnicodeString>(), iValue.View());
   }
-  HRESULT Set(MabRixPropertyId iId, const MabRixPath& iValue)
+  HRESULT Set(MabRixArena& ioArena, MabRixPropertyId iId, const MabRixPath& iValue)
   {
-    return SetText(iId, Kind<MabRixPath>(), iValue.GetString().View());
+    return SetText(ioArena, iId, Kind<MabRixPath>(), iValue.GetString().View());
   }
-  HRESULT Set(MabRixPropertyId iId, unsigned char iValue)
+  HRESULT Set(MabRixArena& ioArena, MabRixPropertyId iId, unsigned char iValue)
   {
     const char Byte = static_cast<char>(iValue);
-    return SetText(iId, Kind<unsigned char>(), std::string_view(&Byte, 1));
+    return SetText(ioArena, iId, Kind<unsigned char>(), std::string_view(&Byte, 1));
   }
-  HRESULT Set(MabRixPropertyId iId, const KelUnicodeStringList& iValue);
-  HRESULT Set(MabRixPropertyId iId, const MabRixDocumentID& iValue);
+  HRESULT Set(MabRixArena& ioArena, MabRixPropertyId iId, const KelUnicodeStringList& iValue);
+  HRESULT Set(MabRixArena& ioArena, MabRixPropertyId iId, const MabRixDocumentID& iValue);
 
   /// E_FAIL, oValue untouched, when the property is not set or holds
   /// another type.
@@ -163,10 +165,6 @@ public:
 
   /// Every property set so far, in the order of first setting.
   MabRixPropertyList GetSetProperties() const { return MabRixPropertyList(_pBlock, _pBlock + _Used); }
-
-  /// Blocks of an entity that lives in a context come from the context's
-  /// arena (which frees them all at once); otherwise from the heap.
-  void SetArena(MabRixArena* ipArena) { _pArena = ipArena; }
 
   /// The record layout, shared with MabRixPropertyList: the id, the kind (the
   /// value's index in MabRixPropertyValue), the payload length as a varint,
@@ -195,14 +193,12 @@ private:
     }
   }
 
-  HRESULT SetText(MabRixPropertyId iId, unsigned char iKind, std::string_view iText);
+  HRESULT SetText(MabRixArena& ioArena, MabRixPropertyId iId, unsigned char iKind, std::string_view iText);
   /// Writes the record of iId with a payload of iLength bytes (replacing the
   /// old one in its place) and returns where the payload goes.
-  unsigned char* Place(MabRixPropertyId iId, unsigned char iKind, std::size_t iLength);
+  unsigned char* Place(MabRixArena& ioArena, MabRixPropertyId iId, unsigned char iKind, std::size_t iLength);
   const unsigned char* Find(MabRixPropertyId iId) const;
-  unsigned char* Reserve(std::size_t iBytes);
-  unsigned char* ReserveInArena(std::size_t iBytes);
-  unsigned char* ReserveOnHeap(std::size_t iBytes);
+  unsigned char* Reserve(MabRixArena& ioArena, std::size_t iBytes);
 
   static void Decode(const unsigned char* ipRecord, KelUnicodeString& oValue);
   static void Decode(const unsigned char* ipRecord, unsigned char& oValue);
@@ -213,7 +209,6 @@ private:
   unsigned char* _pBlock = nullptr;
   std::uint32_t _Used = 0;
   std::uint32_t _Capacity = 0;
-  MabRixArena* _pArena = nullptr;
 };
 
 #endif

@@ -10,6 +10,7 @@
 #define KelBaseUnknown_h
 
 #include <cstddef>
+#include <cstdint>
 #include <new>
 #include <type_traits>
 #include <typeinfo>
@@ -53,7 +54,7 @@ public:
   const KelBaseUnknown* GetImpl() const { return this; }
 
 private:
-  unsigned long _RefCount = 1;  ///< the creator's reference
+  std::uint32_t _RefCount = 1;  ///< the creator's reference; 32 bits leave a derived class room for a flag
 };
 
 /// Implementation object behind an interface, seen as class C; null when there
