@@ -12,9 +12,9 @@ MabERixMajorObject* MabRixCADObjectContext::CreateMajorObject(const KelUnicodeSt
 
   const auto Found = _PendingMajorIndex.find(pObject);
   if (Found != _PendingMajorIndex.end())
-    return NewReference(Found->second);
+    return NewReference(GetMajorObjects()[Found->second].Get());
   MabERixMajorObject* pMajor = AddUnindexedMajorObject(*pObject, KelUnicodeString());
-  _PendingMajorIndex.emplace(pObject, pMajor);
+  _PendingMajorIndex.emplace(pObject, GetMajorObjects().size() - 1);
   return NewReference(pMajor);
 }
 
@@ -37,12 +37,12 @@ HRESULT MabRixCADObjectContext::SetMajorRevision(const KelUnicodeString& iType, 
   const auto Pending = _PendingMajorIndex.find(pObject);
   if (Pending == _PendingMajorIndex.end())
     return S_OK;
-  MabERixMajorObject* pMajor = Pending->second;
+  const std::size_t Position = Pending->second;
   _PendingMajorIndex.erase(Pending);
   if (!FindMajorObject(iType, iName, iRevision))
   {
-    pMajor->_pKeyRevision = &GetStore().Intern(iRevision.View());
-    IndexMajorObject(*pMajor);
+    GetMajorObjects()[Position]->_pKeyRevision = &GetStore().Intern(iRevision.View());
+    IndexMajorObject(Position);
   }
   return S_OK;
 }
@@ -56,7 +56,7 @@ MabERixMajorObject* MabRixCADObjectContext::FindCurrentMajorObject(const KelUnic
     return nullptr;
   const auto Pending = _PendingMajorIndex.find(pObject);
   if (Pending != _PendingMajorIndex.end())
-    return Pending->second;
+    return GetMajorObjects()[Pending->second].Get();
   KelUnicodeString Revision;
   if (FAILED(pObject->GetContextCurrentRevision(Revision)))
     return nullptr;

@@ -45,8 +45,9 @@ public:
 private:
   MabERixMajorObject* FindCurrentMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName) const;
 
-  /// Revision-less major objects by their object.
-  std::unordered_map<const MabERixObject*, MabERixMajorObject*> _PendingMajorIndex;
+  /// Revision-less major objects by their object: positions in
+  /// GetMajorObjects().
+  std::unordered_map<const MabERixObject*, std::size_t> _PendingMajorIndex;
 };
 
 #endif

@@ -32,7 +32,11 @@ bool HasKey(const MabERixEntity& iEntity, const KelUnicodeString& iType, const K
 }
 }  // namespace
 
-MabRixObjectContext::MabRixObjectContext() : _pStore(new MabRixContextStore()) {}
+MabRixObjectContext::MabRixObjectContext()
+    : _pStore(new MabRixContextStore()), _ObjectIndex(_Objects), _MajorIndex(_MajorObjects), _MinorIndex(_MinorObjects),
+      _RelationshipIndex(_Relationships), _RelationIndex(_Relations)
+{
+}
 
 MabRixObjectContext::~MabRixObjectContext()
 {
@@ -104,9 +108,10 @@ MabERixMajorObject* MabRixObjectContext::AddUnindexedMajorObject(MabERixObject& 
   return Keep(*_pStore, _MajorObjects, iObject, iRevision);
 }
 
-void MabRixObjectContext::IndexMajorObject(MabERixMajorObject& iMajor)
+void MabRixObjectContext::IndexMajorObject(std::size_t iPosition)
 {
-  _MajorIndex.Add(MajorHash(iMajor.GetKeyType(), iMajor.GetKeyName(), iMajor.GetKeyRevision()), &iMajor);
+  const MabERixMajorObject& Major = *_MajorObjects[iPosition];
+  _MajorIndex.Add(MajorHash(Major.GetKeyType(), Major.GetKeyName(), Major.GetKeyRevision()), iPosition);
 }
 
 MabERixMinorObject* MabRixObjectContext::FindMinorObject(const MabRixObjectID& iID) const

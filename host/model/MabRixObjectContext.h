@@ -66,8 +66,9 @@ protected:
                                            const KelUnicodeString& iRevision);
   /// A major object of iObject entered in no revision index.
   MabERixMajorObject* AddUnindexedMajorObject(MabERixObject& iObject, const KelUnicodeString& iRevision);
-  /// Enters an existing major object in the index of its key revision.
-  void IndexMajorObject(MabERixMajorObject& iMajor);
+  /// Enters the major object at iPosition of GetMajorObjects() in the index
+  /// of its key revision.
+  void IndexMajorObject(std::size_t iPosition);
   MabERixMinorObject* FindMinorObject(const MabRixObjectID& iID) const;
   MabERixMinorObject* FindOrAddMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
                                            const KelUnicodeString& iName, const KelUnicodeString& iRevision,
