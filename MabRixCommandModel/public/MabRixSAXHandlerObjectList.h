@@ -10,6 +10,8 @@
 #include <string_view>
 
 #include "KelDicos.h"
+#include "MabRixDocumentID.h"
+#include "MabRixObjectID.h"
 #include "MabRixPath.h"
 #include "MabRixSAXHandlerBase.h"
 
@@ -65,6 +67,11 @@ private:
   KelUnicodeStringKelUnicodeStringDico _ExtraAttributes;  ///< attribute name to value; first wins
   KelUnicodeStringKelUnicodeStringDico _ElementValues;    ///< element name to text
   MabRixTNRObjectContext* _pObjectContext = nullptr;      ///< borrowed
+
+  /// Built again for every object in the room of the last one.
+  MabRixObjectID _MinorID;
+  MabRixPath _DocumentPath;
+  MabRixDocumentID _DocumentID;
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerObjectList)

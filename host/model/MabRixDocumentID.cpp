@@ -9,3 +9,10 @@ MabRixDocumentID MabRixDocumentID::Create(const KelUnicodeString& iType, const K
   ID._Path = iPath;
   return ID;
 }
+
+void MabRixDocumentID::Assign(const KelUnicodeString& iType, const KelUnicodeString& iName, const MabRixPath& iPath)
+{
+  _Type = iType;
+  _Name = iName;
+  _Path = iPath;
+}

@@ -12,6 +12,8 @@ public:
   MabRixDocumentID() = default;
 
   static MabRixDocumentID Create(const KelUnicodeString& iType, const KelUnicodeString& iName, const MabRixPath& iPath);
+  /// This ID becomes Create(iType, iName, iPath), in the room it already has.
+  void Assign(const KelUnicodeString& iType, const KelUnicodeString& iName, const MabRixPath& iPath);
 
   const KelUnicodeString& GetType() const { return _Type; }
   const KelUnicodeString& GetName() const { return _Name; }

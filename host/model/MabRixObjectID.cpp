@@ -1,7 +1,6 @@
 #include "MabRixObjectID.h"
 
 #include <charconv>
-#include <string>
 
 MabRixObjectID::MabRixObjectID(const KelUnicodeString& iType, const KelUnicodeString& iName)
 {
@@ -29,21 +28,27 @@ const KelUnicodeString& MabRixObjectID::Empty()
 
 KelUnicodeString MabRixObjectID::GetKey() const { return ComposeKey({&_ID, &GetType(), &GetName()}); }
 
+void MabRixObjectID::Assign(const KelUnicodeString& iID)
+{
+  _ID.Assign(iID.View());
+  _pTypeName.reset();
+}
+
 // One allocation, no temporary.
 KelUnicodeString MabRixObjectID::ComposeKey(std::initializer_list<const KelUnicodeString*> iParts)
 {
   std::size_t Size = 0;
   for (const KelUnicodeString* pPart : iParts)
     Size += pPart->GetLengthInByte() + 21;  // digits of a length, then ':'
-  std::string Key;
-  Key.reserve(Size);
+  KelUnicodeString Key;
+  Key.Reserve(Size);
   for (const KelUnicodeString* pPart : iParts)
   {
-    char Digits[20];
-    const char* pEnd = std::to_chars(Digits, Digits + sizeof Digits, pPart->GetLengthInByte()).ptr;
-    Key.append(Digits, static_cast<std::size_t>(pEnd - Digits));
-    Key += ':';
-    Key += pPart->ToUtf8();
+    char Digits[21];
+    char* pEnd = std::to_chars(Digits, Digits + sizeof Digits - 1, pPart->GetLengthInByte()).ptr;
+    *pEnd++ = ':';
+    Key.AppendBytes(Digits, static_cast<std::size_t>(pEnd - Digits));
+    Key.AppendBytes(pPart->View().data(), pPart->GetLengthInByte());
   }
-  return KelUnicodeString(std::move(Key));
+  return Key;
 }

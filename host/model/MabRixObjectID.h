@@ -20,6 +20,9 @@ public:
   MabRixObjectID& operator=(const MabRixObjectID& iOther);
   MabRixObjectID& operator=(MabRixObjectID&& ioOther) noexcept = default;
 
+  /// This ID becomes MabRixObjectID(iID), in the room it already has.
+  void Assign(const KelUnicodeString& iID);
+
   const KelUnicodeString& GetID() const { return _ID; }
   const KelUnicodeString& GetType() const { return _pTypeName ? _pTypeName->_Type : Empty(); }
   const KelUnicodeString& GetName() const { return _pTypeName ? _pTypeName->_Name : Empty(); }

@@ -1,21 +1,31 @@
 #include "MabRixPath.h"
 
+#include <string_view>
+
 MabRixPath MabRixPath::operator/(const MabRixPath& iRight) const
 {
-  if (!IsValid())
-    return iRight;
-  if (!iRight.IsValid())
-    return *this;
-  const bool bLeftEnds = _Path.View().back() == '/';
-  const bool bRightStarts = iRight._Path.View().front() == '/';
-  KelUnicodeString Joined = _Path;
-  if (bLeftEnds && bRightStarts)
-    Joined += KelUnicodeString(iRight._Path.View().substr(1));
-  else
+  MabRixPath Joined;
+  Joined.AssignJoined(*this, iRight);
+  return Joined;
+}
+
+void MabRixPath::AssignJoined(const MabRixPath& iLeft, const MabRixPath& iRight)
+{
+  std::string_view Left = iLeft._Path.View();
+  std::string_view Right = iRight._Path.View();
+  const bool bSlash = !Left.empty() && !Right.empty() && Left.back() != '/' && Right.front() != '/';
+  if (!Left.empty() && !Right.empty() && Left.back() == '/' && Right.front() == '/')
+    Right.remove_prefix(1);
+  // The parts may be this path's own text: the result is built aside when so.
+  if (this == &iLeft || this == &iRight)
   {
-    if (!bLeftEnds && !bRightStarts)
-      Joined += "/";
-    Joined += iRight._Path;
+    *this = iLeft / iRight;
+    return;
   }
-  return MabRixPath(Joined);
+  _Path.Clear();
+  _Path.Reserve(Left.size() + (bSlash ? 1 : 0) + Right.size());
+  _Path.AppendBytes(Left.data(), Left.size());
+  if (bSlash)
+    _Path.AppendBytes("/", 1);
+  _Path.AppendBytes(Right.data(), Right.size());
 }

@@ -20,6 +20,13 @@ public:
   // other side unchanged.
   MabRixPath operator/(const MabRixPath& iRight) const;
 
+  /// This path becomes iPath, or iLeft / iRight, in the room it already has
+  /// when that is enough (a handler reuses one path for every element).
+  void Assign(std::string_view iPath) { _Path.Assign(iPath); }
+  void AssignJoined(const MabRixPath& iLeft, const MabRixPath& iRight);
+  /// Empties the path, keeping its room.
+  void Clear() { _Path.Clear(); }
+
   const KelUnicodeString& GetString() const { return _Path; }
 
   bool operator==(const MabRixPath& iOther) const { return _Path == iOther._Path; }

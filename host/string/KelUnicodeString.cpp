@@ -144,6 +144,19 @@ void KelUnicodeString::AppendBytes(const char* iText, std::size_t iBytes)
 
 void KelUnicodeString::Clear() { SetSize(0); }
 
+void KelUnicodeString::Reserve(std::size_t iBytes)
+{
+  if (iBytes <= Room())
+    return;
+  if (iBytes > MaxBytes)
+    throw std::bad_alloc();
+  const std::size_t Old = Size();
+  char* pData = static_cast<char*>(::operator new(iBytes + 1));
+  std::memcpy(pData, Data(), Old);
+  Free();
+  SetLong(pData, Old, iBytes);
+}
+
 void KelUnicodeString::ToLower()
 {
   char* pData = MutableData();

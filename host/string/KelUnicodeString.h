@@ -101,6 +101,11 @@ public:
 
   /// Empties the string; the room of a long one is kept for what comes next.
   void Clear();
+  /// Makes room for a text of iBytes bytes, so that appending up to there
+  /// allocates nothing.
+  void Reserve(std::size_t iBytes);
+  /// The text becomes iText, in the room the string has when it is enough.
+  void Assign(std::string_view iText) { Assign(iText.data(), iText.size()); }
 
   /// The longest text a string holds (a longer one is a std::bad_alloc).
   static constexpr std::size_t MaxBytes = 0x7FFFFFFE;

@@ -42,7 +42,7 @@ void MabRixSAXHandlerObjectAttribute::Renew()
   _CurrentElement.Clear();
   if (_pObjectAttributeValue && _pObjectAttributeValue->GetRefCount() == 1)
   {
-    _pObjectAttributeValue->_PreviewPath = MabRixPath();
+    _pObjectAttributeValue->_PreviewPath.Clear();
     _pObjectAttributeValue->_ElementValues.RemoveAll();
     _pObjectAttributeValue->_Attributes.RemoveAll();
     return;
@@ -121,7 +121,7 @@ void MabRixSAXHandlerObjectAttribute::KeepElementText(const KelUnicodeString& iT
 {
   _pObjectAttributeValue->_ElementValues.Insert(_CurrentElement, iText);
   if (_CurrentElement == "preview")
-    _pObjectAttributeValue->_PreviewPath = MabRixPath(iText);
+    _pObjectAttributeValue->_PreviewPath.Assign(iText.View());
 }
 
 // Only string values are kept; false when the reporter refused another kind.

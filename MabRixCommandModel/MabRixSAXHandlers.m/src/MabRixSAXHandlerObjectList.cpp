@@ -25,16 +25,20 @@ void Store(KelUnicodeString& oText, std::string_view iText)
 }
 
 // "[ALIAS|name]" names a location by its alias: it becomes "KelDLN://name".
-// Anything else is a directory as it stands.
-MabRixPath DirectoryPath(const KelUnicodeString& iValue)
+// Anything else is a directory as it stands, copied into the room oPath has.
+void ReadDirectoryPath(std::string_view iValue, MabRixPath& oPath)
 {
-  const int Bracket = iValue.SearchSubString("]", iValue.GetLengthInChar(), KelUnicodeString::KelSearchBackward);
-  const int Bar = iValue.SearchSubString("|", 0, KelUnicodeString::KelSearchForward);
-  if (Bracket < 0 || Bar < 0 || iValue.SubString(0, 7) != "[ALIAS|")
-    return MabRixPath(iValue);
+  if (!iValue.starts_with("[ALIAS|") || iValue.find(']') == std::string_view::npos)
+  {
+    oPath.Assign(iValue);
+    return;
+  }
+  const KelUnicodeString Value(iValue);
+  const int Bracket = Value.SearchSubString("]", Value.GetLengthInChar(), KelUnicodeString::KelSearchBackward);
+  const int Bar = Value.SearchSubString("|", 0, KelUnicodeString::KelSearchForward);
   KelUnicodeString Path = "KelDLN://";
-  Path += iValue.SubString(Bar + 1, Bracket - Bar - 1);
-  return MabRixPath(Path);
+  Path += Value.SubString(Bar + 1, Bracket - Bar - 1);
+  oPath = MabRixPath(Path);
 }
 
 // Sets a property only when the entity does not have it yet.
@@ -127,9 +131,9 @@ void MabRixSAXHandlerObjectList::ReadAttribute(std::string_view iName, std::stri
   if (iName == "islocked")
     _bLocked = IsTrueText(iValue) ? TRUE : FALSE;
   else if (iName == "dirname")
-    _DirectoryPath = DirectoryPath(KelUnicodeString(iValue));
+    ReadDirectoryPath(iValue, _DirectoryPath);
   else if (iName == "filename")
-    _FilePath = MabRixPath(KelUnicodeString(iValue));
+    _FilePath.Assign(iValue);
   else
     _ExtraAttributes.Insert(KelUnicodeString(iName), KelUnicodeString(iValue));
 }
@@ -210,8 +214,8 @@ HRESULT MabRixSAXHandlerObjectList::CreateEntities(MabERixObject*& opObject, Mab
   opMajorObject = _pObjectContext->CreateMajorObject(_ObjectType, _Name, _Revision);
   if (!opMajorObject)
     return MabRixRaiseUnexpected(E_FAIL);
-  opMinorObject =
-      _pObjectContext->CreateMinorObject(MabRixObjectID(_CADID), _ObjectType, _Name, _Revision, _Version, TRUE);
+  _MinorID.Assign(_CADID);
+  opMinorObject = _pObjectContext->CreateMinorObject(_MinorID, _ObjectType, _Name, _Revision, _Version, TRUE);
   if (!opMinorObject)
     return MabRixRaiseUnexpected(E_FAIL);
   return S_OK;
@@ -249,9 +253,12 @@ void MabRixSAXHandlerObjectList::Fill(MabERixObject& iObject, MabERixMajorObject
       pOldName && !pOldName->IsEmpty())
     iMinorObject._SetOldName(*pOldName);
 
-  MabRixDocumentID DocumentID;
-  if (FAILED(iMinorObject.GetDocumentID(DocumentID)))
-    iMinorObject._SetMinorDocumentID(MabRixDocumentID::Create(_CADType, _Name, _DirectoryPath / _FilePath));
+  if (FAILED(iMinorObject.GetDocumentID(_DocumentID)))
+  {
+    _DocumentPath.AssignJoined(_DirectoryPath, _FilePath);
+    _DocumentID.Assign(_CADType, _Name, _DocumentPath);
+    iMinorObject._SetMinorDocumentID(_DocumentID);
+  }
   iMinorObject._ElementValues.TakeCompact(_ElementValues);
 
   FillIn(iObject, iMajorObject, iMinorObject);
@@ -290,7 +297,7 @@ void MabRixSAXHandlerObjectList::FillIn(MabERixObject& iObject, MabERixMajorObje
 // reuses them when it does not give its own.
 HRESULT MabRixSAXHandlerObjectList::Flush()
 {
-  _ThumbnailPath = MabRixPath();
+  _ThumbnailPath.Clear();
   _Locker.Clear();
   _BusType.Clear();
   _ObjectType.Clear();
