@@ -9,7 +9,10 @@
 #include <vector>
 
 #include "MabRixCADObjectContext.h"
+#include "MabRixDocumentID.h"
 #include "MabRixObjectDetailsResponse.h"
+#include "MabRixObjectID.h"
+#include "MabRixPath.h"
 #include "MabRixSAXHandlerBase.h"
 
 class MabRixStringValue;
@@ -74,6 +77,13 @@ private:
   /// References a revision record takes and never gives back; held here so
   /// that they end with the handler.
   std::vector<KelBaseUnknown_var> _KeptReferences;
+
+  /// Built again for every use in the room of the last one.
+  KelUnicodeString _Scratch;  ///< the attributes of a cadobject, one after the other
+  KelUnicodeString _Directory;
+  MabRixObjectID _CurrentID;  ///< of _Type and _Name
+  MabRixPath _DocumentPath;
+  MabRixDocumentID _DocumentID;
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerObjectDetailsList)

@@ -1,5 +1,7 @@
 #include "MabERixMinorObject.h"
 
+#include <utility>
+
 KelImplementClass(MabERixMinorObject, MabERixEntity, "KelSystem")
 
 MabERixMinorObject::MabERixMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
@@ -10,11 +12,11 @@ MabERixMinorObject::MabERixMinorObject(const MabRixObjectID& iID, const KelUnico
 {
 }
 
-MabERixMinorObject::MabERixMinorObject(MabRixContextStore& ioStore, const MabRixObjectID& iID,
-                                       const KelUnicodeString& iType, const KelUnicodeString& iName,
-                                       const KelUnicodeString& iRevision, const KelUnicodeString& iVersion)
+MabERixMinorObject::MabERixMinorObject(MabRixContextStore& ioStore, MabRixObjectID iID, const KelUnicodeString& iType,
+                                       const KelUnicodeString& iName, const KelUnicodeString& iRevision,
+                                       const KelUnicodeString& iVersion)
     : MabERixEntity(ioStore, iType, iName), _ExtraAttributes(&ioStore.GetArena()), _ElementValues(&ioStore.GetArena()),
-      _ID(iID), _pKeyRevision(Intern(iRevision)), _pKeyVersion(Intern(iVersion))
+      _ID(std::move(iID)), _pKeyRevision(Intern(iRevision)), _pKeyVersion(Intern(iVersion))
 {
 }
 

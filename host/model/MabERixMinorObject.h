@@ -18,7 +18,7 @@ public:
   MabERixMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType, const KelUnicodeString& iName,
                      const KelUnicodeString& iRevision, const KelUnicodeString& iVersion);
   /// A minor object of the context that owns ioStore.
-  MabERixMinorObject(MabRixContextStore& ioStore, const MabRixObjectID& iID, const KelUnicodeString& iType,
+  MabERixMinorObject(MabRixContextStore& ioStore, MabRixObjectID iID, const KelUnicodeString& iType,
                      const KelUnicodeString& iName, const KelUnicodeString& iRevision,
                      const KelUnicodeString& iVersion);
 

@@ -21,8 +21,7 @@ MabERixMajorObject* MabRixCADObjectContext::CreateMajorObject(const KelUnicodeSt
 MabERixMinorObject* MabRixCADObjectContext::CreateMinorObject(const KelUnicodeString& iType,
                                                               const KelUnicodeString& iName)
 {
-  return NewReference(
-      FindOrAddMinorObject(MabRixObjectID(iType, iName), iType, iName, KelUnicodeString(), KelUnicodeString()));
+  return NewReference(FindOrAddMinorObject(iType, iName));
 }
 
 HRESULT MabRixCADObjectContext::SetMajorRevision(const KelUnicodeString& iType, const KelUnicodeString& iName,

@@ -11,6 +11,7 @@
 #ifndef MabRixCADObjectContext_h
 #define MabRixCADObjectContext_h
 
+#include <memory_resource>
 #include <unordered_map>
 
 #include "MabRixObjectContext.h"
@@ -46,8 +47,10 @@ private:
   MabERixMajorObject* FindCurrentMajorObject(const KelUnicodeString& iType, const KelUnicodeString& iName) const;
 
   /// Revision-less major objects by their object: positions in
-  /// GetMajorObjects().
-  std::unordered_map<const MabERixObject*, std::size_t> _PendingMajorIndex;
+  /// GetMajorObjects(). Most last for one cadobject: their nodes come back
+  /// to a pool instead of the heap.
+  std::pmr::unsynchronized_pool_resource _PendingPool;
+  std::pmr::unordered_map<const MabERixObject*, std::size_t> _PendingMajorIndex{&_PendingPool};
 };
 
 #endif

@@ -129,6 +129,19 @@ MabERixMinorObject* MabRixObjectContext::FindOrAddMinorObject(const MabRixObject
       [&] { return Keep(*_pStore, _MinorObjects, *_pStore, iID, iType, iName, iRevision, iVersion); });
 }
 
+MabERixMinorObject* MabRixObjectContext::FindOrAddMinorObject(const KelUnicodeString& iType,
+                                                              const KelUnicodeString& iName)
+{
+  static const KelUnicodeString NoID;
+  const auto Matches = [&](const MabERixMinorObject& iMinor) {
+    const MabRixObjectID& ID = iMinor.GetObjectID();
+    return ID.GetID().IsEmpty() && ID.GetType() == iType && ID.GetName() == iName;
+  };
+  return _MinorIndex.FindOrAdd(MabRixKeyHash({&NoID, &iType, &iName}), Matches, [&] {
+    return Keep(*_pStore, _MinorObjects, *_pStore, MabRixObjectID(iType, iName), iType, iName, NoID, NoID);
+  });
+}
+
 MabERixRelationship* MabRixObjectContext::FindOrAddRelationship(const KelUnicodeString& iID,
                                                                 const KelUnicodeString& iKind)
 {

@@ -73,6 +73,9 @@ protected:
   MabERixMinorObject* FindOrAddMinorObject(const MabRixObjectID& iID, const KelUnicodeString& iType,
                                            const KelUnicodeString& iName, const KelUnicodeString& iRevision,
                                            const KelUnicodeString& iVersion);
+  /// The same for MabRixObjectID(iType, iName), without making that ID
+  /// unless the minor object is new.
+  MabERixMinorObject* FindOrAddMinorObject(const KelUnicodeString& iType, const KelUnicodeString& iName);
   MabERixRelationship* FindOrAddRelationship(const KelUnicodeString& iID, const KelUnicodeString& iKind);
   MabERixRelation* FindOrAddRelation(const MabRixObjectID& iFrom, const KelUnicodeString& iRelationshipID,
                                      const MabRixObjectID& iTo);

@@ -34,6 +34,23 @@ void MabRixObjectID::Assign(const KelUnicodeString& iID)
   _pTypeName.reset();
 }
 
+void MabRixObjectID::Assign(const KelUnicodeString& iType, const KelUnicodeString& iName)
+{
+  _ID.Clear();
+  if (iType.IsEmpty() && iName.IsEmpty())
+  {
+    _pTypeName.reset();
+    return;
+  }
+  if (!_pTypeName)
+    _pTypeName.reset(new TypeName{iType, iName});
+  else
+  {
+    _pTypeName->_Type.Assign(iType.View());
+    _pTypeName->_Name.Assign(iName.View());
+  }
+}
+
 // One allocation, no temporary.
 KelUnicodeString MabRixObjectID::ComposeKey(std::initializer_list<const KelUnicodeString*> iParts)
 {

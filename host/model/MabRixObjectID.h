@@ -20,8 +20,10 @@ public:
   MabRixObjectID& operator=(const MabRixObjectID& iOther);
   MabRixObjectID& operator=(MabRixObjectID&& ioOther) noexcept = default;
 
-  /// This ID becomes MabRixObjectID(iID), in the room it already has.
+  /// This ID becomes MabRixObjectID(iID), or MabRixObjectID(iType, iName),
+  /// in the room it already has.
   void Assign(const KelUnicodeString& iID);
+  void Assign(const KelUnicodeString& iType, const KelUnicodeString& iName);
 
   const KelUnicodeString& GetID() const { return _ID; }
   const KelUnicodeString& GetType() const { return _pTypeName ? _pTypeName->_Type : Empty(); }

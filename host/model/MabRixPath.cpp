@@ -11,17 +11,22 @@ MabRixPath MabRixPath::operator/(const MabRixPath& iRight) const
 
 void MabRixPath::AssignJoined(const MabRixPath& iLeft, const MabRixPath& iRight)
 {
-  std::string_view Left = iLeft._Path.View();
-  std::string_view Right = iRight._Path.View();
-  const bool bSlash = !Left.empty() && !Right.empty() && Left.back() != '/' && Right.front() != '/';
-  if (!Left.empty() && !Right.empty() && Left.back() == '/' && Right.front() == '/')
-    Right.remove_prefix(1);
   // The parts may be this path's own text: the result is built aside when so.
   if (this == &iLeft || this == &iRight)
   {
     *this = iLeft / iRight;
     return;
   }
+  AssignJoined(iLeft._Path.View(), iRight._Path.View());
+}
+
+void MabRixPath::AssignJoined(std::string_view iLeft, std::string_view iRight)
+{
+  const std::string_view Left = iLeft;
+  std::string_view Right = iRight;
+  const bool bSlash = !Left.empty() && !Right.empty() && Left.back() != '/' && Right.front() != '/';
+  if (!Left.empty() && !Right.empty() && Left.back() == '/' && Right.front() == '/')
+    Right.remove_prefix(1);
   _Path.Clear();
   _Path.Reserve(Left.size() + (bSlash ? 1 : 0) + Right.size());
   _Path.AppendBytes(Left.data(), Left.size());

@@ -3,6 +3,8 @@
 #ifndef MabRixPath_h
 #define MabRixPath_h
 
+#include <string_view>
+
 #include "KelUnicodeString.h"
 
 class MabRixPath
@@ -24,6 +26,8 @@ public:
   /// when that is enough (a handler reuses one path for every element).
   void Assign(std::string_view iPath) { _Path.Assign(iPath); }
   void AssignJoined(const MabRixPath& iLeft, const MabRixPath& iRight);
+  /// The same for two texts, which must not lie in this path.
+  void AssignJoined(std::string_view iLeft, std::string_view iRight);
   /// Empties the path, keeping its room.
   void Clear() { _Path.Clear(); }
 

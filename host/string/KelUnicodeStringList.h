@@ -21,6 +21,8 @@ public:
   KelUnicodeString Pop();
   int Size() const { return static_cast<int>(_Items.size()); }
   void RemoveAll() { _Items.clear(); }
+  /// Room for iCount items, so that appending up to there moves none.
+  void Reserve(std::size_t iCount) { _Items.reserve(iCount); }
 
   const KelUnicodeString& operator[](int iPosition) const;
 

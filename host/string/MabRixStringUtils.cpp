@@ -48,6 +48,9 @@ void ForEachEntry(std::string_view iText, std::string_view iFirst, std::string_v
 KelUnicodeStringList MabRixStringUtils::GetList(const KelUnicodeString& iText, const KelUnicodeString& iSeparator)
 {
   KelUnicodeStringList List;
+  std::size_t Count = 0;
+  ForEachPiece(iText.View(), iSeparator.View(), [&](std::string_view) { ++Count; });
+  List.Reserve(Count);
   ForEachPiece(iText.View(), iSeparator.View(),
                [&](std::string_view iPiece) { List.Append(KelUnicodeString(iPiece)); });
   return List;

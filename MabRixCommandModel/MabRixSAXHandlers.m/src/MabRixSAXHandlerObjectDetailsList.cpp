@@ -120,7 +120,8 @@ HRESULT MabRixSAXHandlerObjectDetailsList::StartCADObject(const KelISAXAttribute
   Result = CreateEntities(Entities, Result);
   Result = SetCurrentRevision(Entities, Result);
 
-  KelUnicodeString Scratch = "";
+  KelUnicodeString& Scratch = _Scratch;
+  Scratch.Clear();
   Result = ReadMinorDetails(iAttributes, Entities._pMinor, Scratch, Result);
   ReadLocksAndIdentifiers(iAttributes, Entities, Scratch);
   SetDocumentID(iAttributes, Entities._pMinor, Scratch);
@@ -245,19 +246,23 @@ void MabRixSAXHandlerObjectDetailsList::SetDocumentID(const KelISAXAttributeList
   MabRixDocumentIDList DocumentIDs;
   if (!ipMinor || SUCCEEDED(ipMinor->GetDocumentIDList(DocumentIDs)))
     return;
-  MabRixPath Path;
+  MabRixPath& Path = _DocumentPath;
+  Path.Clear();
   if (SUCCEEDED(ReadAttribute(iAttributes, "filenamewithpath", ioScratch)))
-    Path = ioScratch;
+    Path.Assign(ioScratch.View());
   if (SUCCEEDED(ReadAttribute(iAttributes, "dirname", ioScratch)) && !Path.IsValid())
   {
-    const MabRixPath Directory(ioScratch);
+    _Directory.Assign(ioScratch.View());
     if (SUCCEEDED(ReadAttribute(iAttributes, "filename", ioScratch)))
-      Path = Directory / MabRixPath(ioScratch);
+      Path.AssignJoined(_Directory.View(), ioScratch.View());
   }
   if (SUCCEEDED(ReadAttribute(iAttributes, "filename", ioScratch)) && !Path.IsValid())
-    Path = ioScratch;
+    Path.Assign(ioScratch.View());
   if (!_Name.IsEmpty() && !_Type.IsEmpty())
-    ipMinor->_SetMinorDocumentID(MabRixDocumentID::Create(_Type, _Name, Path));
+  {
+    _DocumentID.Assign(_Type, _Name, Path);
+    ipMinor->_SetMinorDocumentID(_DocumentID);
+  }
 }
 
 // Each modification flag goes in once, from the scratch as it stands.
@@ -265,11 +270,11 @@ void MabRixSAXHandlerObjectDetailsList::AddModificationFlags(const KelISAXAttrib
                                                              MabERixMinorObject* ipMinor, KelUnicodeString& ioScratch,
                                                              HRESULT iResult)
 {
-  const char* ModificationKeys[] = {"modified", "ismodifiedobsolete"};
-  for (const char* Key : ModificationKeys)
+  static const KelUnicodeString ModificationKeys[] = {"modified", "ismodifiedobsolete"};
+  for (const KelUnicodeString& Key : ModificationKeys)
   {
     if (SUCCEEDED(iResult) && !!iAttributes)
-      (void)iAttributes->GetValue(KelUnicodeString(Key), ioScratch);
+      (void)iAttributes->GetValue(Key, ioScratch);
     if (!ioScratch.IsEmpty() && ipMinor && !ipMinor->_ExtraAttributes.HasKey(Key))
       ipMinor->_ExtraAttributes.Insert(Key, ioScratch);
     ioScratch = "";
@@ -369,7 +374,8 @@ HRESULT MabRixSAXHandlerObjectDetailsList::StartTextElement(const KelUnicodeStri
                                                             const KelISAXAttributeList_var& iAttributes,
                                                             HRESULT iResult)
 {
-  _spChildHandler = MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerString(*this));
+  // The last text element's handler reads this one when no one else holds it.
+  RenewChild<MabRixSAXHandlerString>(_spChildHandler);
   if (!_spChildHandler)
     return iResult;
   const HRESULT hr = _spChildHandler->StartHandlingEvents(iName, iAttributes);
@@ -401,12 +407,12 @@ HRESULT MabRixSAXHandlerObjectDetailsList::Value(const MabIRixValue_var& iValue)
     return Result;
   }
 
-  const MabRixObjectID ID(_Type, _Name);
-  Result = AddElementValue(ID, pText, Result);
+  _CurrentID.Assign(_Type, _Name);
+  Result = AddElementValue(_CurrentID, pText, Result);
   if (_CurrentElement == "Type")
-    return SetObjectType(ID, pText, Result);
+    return SetObjectType(_CurrentID, pText, Result);
   if (_CurrentElement == "State" || _CurrentElement == "Lock" || _CurrentElement == "LockedBy")
-    return SetMajorState(ID, pText, Result);
+    return SetMajorState(_CurrentID, pText, Result);
   return Result;
 }
 
@@ -503,7 +509,8 @@ void MabRixSAXHandlerObjectDetailsList::EndCADObject()
 {
   if (_pObjectContext && !_Type.IsEmpty())
   {
-    const KelBaseUnknown_var spMinor = _pObjectContext->GetMinorObject(MabRixObjectID(_Type, _Name));
+    _CurrentID.Assign(_Type, _Name);
+    const KelBaseUnknown_var spMinor = _pObjectContext->GetMinorObject(_CurrentID);
     if (MabERixMinorObject* pMinor = KelImplCast<MabERixMinorObject>(spMinor.Get()))
     {
       pMinor->_ExtraAttributes.ShrinkToFit();
