@@ -7,6 +7,11 @@ MabERixEntity::MabERixEntity(MabRixContextStore& ioStore, const KelUnicodeString
 {
 }
 
+MabERixEntity::MabERixEntity(const MabERixEntity& iOther, std::nullptr_t)
+    : _bOwnsStore(false), _pStore(iOther._pStore), _pKeyType(iOther._pKeyType), _pKeyName(iOther._pKeyName)
+{
+}
+
 MabERixEntity::MabERixEntity(const KelUnicodeString& iType, const KelUnicodeString& iName)
     : MabERixEntity(*new MabRixContextStore(), iType, iName)
 {

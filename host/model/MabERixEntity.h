@@ -55,6 +55,8 @@ protected:
   MabERixEntity(MabRixContextStore& ioStore, const KelUnicodeString& iType, const KelUnicodeString& iName);
   /// An entity made alone, with a store of its own.
   MabERixEntity(const KelUnicodeString& iType, const KelUnicodeString& iName);
+  /// An entity with the keys of iOther, already in their store.
+  explicit MabERixEntity(const MabERixEntity& iOther, std::nullptr_t);
   ~MabERixEntity() override;
 
   /// The store's copy of iText.

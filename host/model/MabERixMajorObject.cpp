@@ -3,8 +3,7 @@
 KelImplementClass(MabERixMajorObject, MabERixEntity, "KelSystem")
 
 MabERixMajorObject::MabERixMajorObject(MabERixObject& iObject, const KelUnicodeString& iRevision)
-    : MabERixEntity(iObject.GetStore(), iObject.GetKeyType(), iObject.GetKeyName()), _pKeyRevision(Intern(iRevision)),
-      _spObject(&iObject)
+    : MabERixEntity(iObject, nullptr), _pKeyRevision(Intern(iRevision)), _spObject(&iObject)
 {
 }
 

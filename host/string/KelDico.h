@@ -92,7 +92,7 @@ public:
   /// Adds the entry unless the key is present. True when it was added.
   bool Insert(const KelUnicodeString& iKey, const V& iValue)
   {
-    const std::size_t Hash = HashOf(iKey.View());
+    std::size_t Hash = 0;
     if (Locate(iKey.View(), Hash) != NotFound)
       return false;
     Append(iKey, iValue, Hash);
@@ -103,7 +103,7 @@ public:
   /// The value of iKey; an absent key is added with an empty value.
   V& operator[](const KelUnicodeString& iKey)
   {
-    const std::size_t Hash = HashOf(iKey.View());
+    std::size_t Hash = 0;
     const std::size_t Position = Locate(iKey.View(), Hash);
     if (Position != NotFound)
       return At(Position).second;
@@ -272,9 +272,13 @@ private:
 
   bool IsIndexed() const { return _pLarge && !_pLarge->_Slots.empty(); }
   std::size_t Locate(std::string_view iKey) const { return IsIndexed() ? Probe(iKey, HashOf(iKey)) : Scan(iKey); }
-  std::size_t Locate(std::string_view iKey, std::size_t iHash) const
+  /// Sets oHash to the key's hash when an entry added now would need it
+  /// (a small dictionary has no use for it).
+  std::size_t Locate(std::string_view iKey, std::size_t& oHash) const
   {
-    return IsIndexed() ? Probe(iKey, iHash) : Scan(iKey);
+    if (IsIndexed() || _Size + 1 > SmallSize)
+      oHash = HashOf(iKey);
+    return IsIndexed() ? Probe(iKey, oHash) : Scan(iKey);
   }
   std::size_t Scan(std::string_view iKey) const
   {

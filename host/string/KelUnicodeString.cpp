@@ -76,35 +76,15 @@ void KelUnicodeString::SetLong(char* ipData, std::size_t iSize, std::size_t iRoo
   ipData[iSize] = 0;
 }
 
-void KelUnicodeString::SetSize(std::size_t iSize)
+// A new block: iText may lie in the old one, which goes only after the copy.
+void KelUnicodeString::AssignToLarger(const char* iText, std::size_t iBytes)
 {
-  if (!IsLong())
-  {
-    SetShortSize(iSize);
-    return;
-  }
-  const std::uint32_t Size = static_cast<std::uint32_t>(iSize);
-  std::memcpy(_Bytes + 8, &Size, sizeof Size);
-  LongData()[iSize] = 0;
-}
-
-void KelUnicodeString::Assign(const char* iText, std::size_t iBytes)
-{
-  if (iBytes > Room())
-  {
-    // A new block: iText may lie in the old one, which goes only after the
-    // copy.
-    if (iBytes > MaxBytes)
-      throw std::bad_alloc();
-    char* pData = static_cast<char*>(::operator new(iBytes + 1));
-    std::memcpy(pData, iText, iBytes);
-    Free();
-    SetLong(pData, iBytes, iBytes);
-    return;
-  }
-  if (iBytes)
-    std::memmove(MutableData(), iText, iBytes);
-  SetSize(iBytes);
+  if (iBytes > MaxBytes)
+    throw std::bad_alloc();
+  char* pData = static_cast<char*>(::operator new(iBytes + 1));
+  std::memcpy(pData, iText, iBytes);
+  Free();
+  SetLong(pData, iBytes, iBytes);
 }
 
 void KelUnicodeString::CopyFrom(const KelUnicodeString& iOther)
@@ -117,32 +97,21 @@ void KelUnicodeString::CopyFrom(const KelUnicodeString& iOther)
   Assign(iOther.Data(), iOther.Size());
 }
 
-void KelUnicodeString::AppendBytes(const char* iText, std::size_t iBytes)
+// iText may lie in this string: its bytes are copied before the old room is
+// freed. Doubling the room copies a text built piece by piece a bounded number
+// of times per byte.
+void KelUnicodeString::AppendToLarger(const char* iText, std::size_t iBytes)
 {
-  if (iBytes == 0)
-    return;
   const std::size_t Old = Size();
   if (iBytes > MaxBytes - Old)
     throw std::bad_alloc();
-  if (Old + iBytes > Room())
-  {
-    // iText may lie in this string: its bytes are copied before the old room
-    // is freed.
-    // Doubling the room copies a text built piece by piece a bounded number
-    // of times per byte.
-    const std::size_t NewRoom = std::min(std::max(Old + iBytes, 2 * Room()), MaxBytes);
-    char* pData = static_cast<char*>(::operator new(NewRoom + 1));
-    std::memcpy(pData, Data(), Old);
-    std::memcpy(pData + Old, iText, iBytes);
-    Free();
-    SetLong(pData, Old + iBytes, NewRoom);
-    return;
-  }
-  std::memcpy(MutableData() + Old, iText, iBytes);
-  SetSize(Old + iBytes);
+  const std::size_t NewRoom = std::min(std::max(Old + iBytes, 2 * Room()), MaxBytes);
+  char* pData = static_cast<char*>(::operator new(NewRoom + 1));
+  std::memcpy(pData, Data(), Old);
+  std::memcpy(pData + Old, iText, iBytes);
+  Free();
+  SetLong(pData, Old + iBytes, NewRoom);
 }
-
-void KelUnicodeString::Clear() { SetSize(0); }
 
 void KelUnicodeString::Reserve(std::size_t iBytes)
 {

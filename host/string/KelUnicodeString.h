@@ -67,7 +67,18 @@ public:
     return *this;
   }
   KelUnicodeString& Append(const KelUnicodeString& iOther) { return *this += iOther; }
-  void AppendBytes(const char* iText, std::size_t iBytes);
+  void AppendBytes(const char* iText, std::size_t iBytes)
+  {
+    // Most appends fit the room there is (a handler's buffers keep theirs).
+    const std::size_t Old = Size();
+    if (iBytes <= Room() - Old)
+    {
+      CopyBytes(MutableData() + Old, iText, iBytes);
+      SetSize(Old + iBytes);
+      return;
+    }
+    AppendToLarger(iText, iBytes);
+  }
 
   bool operator==(const KelUnicodeString& iOther) const { return View() == iOther.View(); }
   bool operator!=(const KelUnicodeString& iOther) const { return View() != iOther.View(); }
@@ -100,7 +111,7 @@ public:
   std::size_t GetLengthInByte() const { return Size(); }
 
   /// Empties the string; the room of a long one is kept for what comes next.
-  void Clear();
+  void Clear() { SetSize(0); }
   /// Makes room for a text of iBytes bytes, so that appending up to there
   /// allocates nothing.
   void Reserve(std::size_t iBytes);
@@ -121,6 +132,36 @@ private:
   static_assert(std::endian::native == std::endian::little, "the long mark is the last byte's high bit");
 
   bool IsLong() const { return (_Bytes[15] & 0x80) != 0; }
+
+  /// memcpy, with the short copies of names and flags done in place: two
+  /// overlapping loads and stores, never outside either range.
+  static void CopyBytes(char* opTarget, const char* ipSource, std::size_t iBytes)
+  {
+    if (iBytes > 16)
+    {
+      std::memcpy(opTarget, ipSource, iBytes);
+      return;
+    }
+    if (iBytes >= 8)
+    {
+      std::uint64_t Head = 0, Tail = 0;
+      std::memcpy(&Head, ipSource, 8);
+      std::memcpy(&Tail, ipSource + iBytes - 8, 8);
+      std::memcpy(opTarget, &Head, 8);
+      std::memcpy(opTarget + iBytes - 8, &Tail, 8);
+    }
+    else if (iBytes >= 4)
+    {
+      std::uint32_t Head = 0, Tail = 0;
+      std::memcpy(&Head, ipSource, 4);
+      std::memcpy(&Tail, ipSource + iBytes - 4, 4);
+      std::memcpy(opTarget, &Head, 4);
+      std::memcpy(opTarget + iBytes - 4, &Tail, 4);
+    }
+    else
+      for (std::size_t i = 0; i < iBytes; ++i)
+        opTarget[i] = ipSource[i];
+  }
   char* LongData() const
   {
     char* pData = nullptr;
@@ -151,9 +192,34 @@ private:
   }
   void SetLong(char* ipData, std::size_t iSize, std::size_t iRoom);
   /// Sets the length of the text (within its room) and ends it with a NUL.
-  void SetSize(std::size_t iSize);
+  void SetSize(std::size_t iSize)
+  {
+    if (!IsLong())
+    {
+      SetShortSize(iSize);
+      return;
+    }
+    const std::uint32_t Size = static_cast<std::uint32_t>(iSize);
+    std::memcpy(_Bytes + 8, &Size, sizeof Size);
+    LongData()[iSize] = 0;
+  }
 
-  void Assign(const char* iText, std::size_t iBytes);
+  void Assign(const char* iText, std::size_t iBytes)
+  {
+    if (iBytes > Room())
+    {
+      AssignToLarger(iText, iBytes);
+      return;
+    }
+    // iText may lie in this string: short copies load before they store.
+    if (iBytes <= 16)
+      CopyBytes(MutableData(), iText, iBytes);
+    else
+      std::memmove(MutableData(), iText, iBytes);
+    SetSize(iBytes);
+  }
+  void AssignToLarger(const char* iText, std::size_t iBytes);
+  void AppendToLarger(const char* iText, std::size_t iBytes);
   void CopyFrom(const KelUnicodeString& iOther);
   void Steal(KelUnicodeString& ioOther) noexcept
   {
