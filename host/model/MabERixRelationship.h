@@ -20,6 +20,12 @@ public:
   using MabRixContextAllocated::operator delete;
 
   MabERixRelationship(const KelUnicodeString& iID, const KelUnicodeString& iKind) : _ID(iID), _Kind(iKind) {}
+  /// A relationship of the context that owns ioStore: its attributes lie in
+  /// the context's memory (a copy of them is the caller's own).
+  MabERixRelationship(MabRixContextStore& ioStore, const KelUnicodeString& iID, const KelUnicodeString& iKind)
+      : _Attributes(&ioStore.GetArena()), _ID(iID), _Kind(iKind)
+  {
+  }
   MabERixRelationship(const MabERixRelationship&) = delete;
   MabERixRelationship& operator=(const MabERixRelationship&) = delete;
 

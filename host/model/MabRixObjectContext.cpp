@@ -150,7 +150,7 @@ MabERixRelationship* MabRixObjectContext::FindOrAddRelationship(const KelUnicode
       [&](const MabERixRelationship& iRelationship) {
         return iRelationship.GetID() == iID && iRelationship.GetKind() == iKind;
       },
-      [&] { return Keep(*_pStore, _Relationships, iID, iKind); });
+      [&] { return Keep(*_pStore, _Relationships, *_pStore, iID, iKind); });
 }
 
 MabERixRelation* MabRixObjectContext::FindOrAddRelation(const MabRixObjectID& iFrom,

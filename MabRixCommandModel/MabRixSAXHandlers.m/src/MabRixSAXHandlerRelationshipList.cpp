@@ -1,6 +1,7 @@
 #include "MabRixSAXHandlerRelationshipList.h"
 
 #include <new>
+#include <string_view>
 
 #include "KelCheck.h"
 #include "MabRixAttributeValue.h"
@@ -42,17 +43,19 @@ HRESULT MabRixSAXHandlerRelationshipList::StartRelationship(const KelISAXAttribu
   const HRESULT hr = !!iAttributes ? iAttributes->GetLength(iAttrListSize) : E_FAIL;
   if (!KelCheck(SUCCEEDED(hr) && iAttrListSize > 0))
     return E_FAIL;
+  // Names and values are read in place, in the parser's own text; only what is
+  // kept is copied.
   for (unsigned int i = 0; SUCCEEDED(hr) && i < iAttrListSize; ++i)
   {
-    KelUnicodeString Name, Value;
-    if (FAILED(iAttributes->GetName(i, Name)) || FAILED(iAttributes->GetValue(i, Value)))
+    std::string_view Name, Value;
+    if (FAILED(iAttributes->GetNameView(i, Name)) || FAILED(iAttributes->GetValueView(i, Value)))
       continue;
     if (Name == "cadrelationship")
-      _RelationshipKind = Value;
+      _RelationshipKind.Assign(Value);
     else if (Name == "rid")
-      _RelationshipID = Value;
+      _RelationshipID.Assign(Value);
     else
-      _Attributes.Insert(Name, Value);
+      _Attributes.Insert(KelUnicodeString(Name), KelUnicodeString(Value));
   }
   return hr;
 }
@@ -65,9 +68,10 @@ HRESULT MabRixSAXHandlerRelationshipList::StartAttribute(const KelUnicodeString&
     return E_FAIL;
   if (!pStringValueFormat)
     return S_OK;  // no format, no handler: the element is skipped
-  // The previous child goes before the format it borrowed.
-  _spChildHandler =
-      MabIRixSAXHandler_var::Adopt(new (std::nothrow) MabRixSAXHandlerAttribute(*this, *pStringValueFormat));
+  // The last attribute's handler, when no one holds it, reads this one with
+  // the new format; the previous child lets go of the format it borrowed
+  // before that goes.
+  RenewChild<MabRixSAXHandlerAttribute>(_spChildHandler, *pStringValueFormat);
   _spAttributeFormat = KelVar<MabRixStringValueFormat>::Adopt(pStringValueFormat);
   if (!_spChildHandler)
     return S_OK;
@@ -117,8 +121,9 @@ HRESULT MabRixSAXHandlerRelationshipList::EndRelationship()
     return E_FAIL;
   if (!pRelationship)
     return S_OK;  // nothing to give the attributes to: they wait for the next one
-  // The relationship stays the context's: no reference to release.
-  pRelationship->_Attributes = _Attributes;
-  _Attributes.RemoveAll();
+  // The relationship stays the context's: no reference to release. Its
+  // attributes replace what it had; the handler's go to it in room of their
+  // size, and the handler keeps its own room for the next relationship.
+  pRelationship->_Attributes.TakeCompact(_Attributes);
   return S_OK;
 }
