@@ -10,6 +10,7 @@
 #define MabRixSAXHandlerCustomQueryResult_h
 
 #include "KelDicos.h"
+#include "MabRixObjectID.h"
 #include "MabRixPath.h"
 #include "MabRixSAXHandlerBase.h"
 
@@ -54,6 +55,7 @@ private:
   KelUnicodeStringKelUnicodeStringDico _ExtraAttributes;
   KelUnicodeStringKelUnicodeStringDico _ElementValues;
   MabRixCustomQueryResultValue* _pCustomQueryResultValue = nullptr;
+  MabRixObjectID _MinorID;  ///< built again for every row in the room of the last one
 };
 
 MabRixDeclareTIE(MabRixSAXHandlerCustomQueryResult)

@@ -4,6 +4,7 @@
 #define MabRixQueryResultSupport_h
 
 #include <cstring>
+#include <string_view>
 
 #include "KelISAXAttributeList.h"
 #include "KelUnicodeString.h"
@@ -19,6 +20,17 @@ inline KelUnicodeString MabRixGetAttribute(const KelISAXAttributeList_var& iAttr
   if (!!iAttributes)
     (void)iAttributes->GetValue(KelUnicodeString(iName), Value);
   return Value;
+}
+
+// The same into oValue, in the room it already has: a handler reading every
+// row into the same strings allocates nothing once they have grown.
+inline void MabRixReadAttribute(const KelISAXAttributeList_var& iAttributes, std::string_view iName,
+                                KelUnicodeString& oValue)
+{
+  std::string_view Value;
+  if (!iAttributes || FAILED(iAttributes->GetValueView(iName, Value)))
+    Value = std::string_view();
+  oValue.Assign(Value);
 }
 
 // Makes ipChild the child handler, adopting its creation reference, and

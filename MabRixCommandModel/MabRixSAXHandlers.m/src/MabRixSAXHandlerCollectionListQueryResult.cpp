@@ -28,8 +28,9 @@ HRESULT MabRixSAXHandlerCollectionListQueryResult::StartElement(const KelUnicode
   _CurrentElementName = iName;
   if (iName != "name" && iName != "description")
     return S_OK;
-  const HRESULT hr =
-      MabRixStartChild(_spChildHandler, new (std::nothrow) MabRixSAXHandlerString(*this), iName, iAttributes);
+  // The last text element's handler reads this one when no one else holds it.
+  RenewChild<MabRixSAXHandlerString>(_spChildHandler);
+  const HRESULT hr = !_spChildHandler ? S_OK : _spChildHandler->StartHandlingEvents(iName, iAttributes);
   (void)KelCheck(SUCCEEDED(hr));
   return hr;
 }

@@ -42,14 +42,15 @@ HRESULT MabRixSAXHandlerCustomQueryResult::StartElement(const KelUnicodeString& 
   if (iName != "row")
     return S_OK;
   _InRow = 1;
-  _RowID = MabRixGetAttribute(iAttributes, "rowid");
-  _OID = MabRixGetAttribute(iAttributes, "oid");
-  _CADType = MabRixGetAttribute(iAttributes, "cadtype");
-  _Name = MabRixGetAttribute(iAttributes, "name");
-  _Revision = MabRixGetAttribute(iAttributes, "revision");
-  _Type = MabRixGetAttribute(iAttributes, "type");
-  const HRESULT hr =
-      MabRixStartChild(_spChildHandler, new (std::nothrow) MabRixSAXHandlerObjectAttribute(*this), iName, iAttributes);
+  MabRixReadAttribute(iAttributes, "rowid", _RowID);
+  MabRixReadAttribute(iAttributes, "oid", _OID);
+  MabRixReadAttribute(iAttributes, "cadtype", _CADType);
+  MabRixReadAttribute(iAttributes, "name", _Name);
+  MabRixReadAttribute(iAttributes, "revision", _Revision);
+  MabRixReadAttribute(iAttributes, "type", _Type);
+  // The last row's handler reads this one when no one else holds it.
+  RenewChild<MabRixSAXHandlerObjectAttribute>(_spChildHandler);
+  const HRESULT hr = !_spChildHandler ? S_OK : _spChildHandler->StartHandlingEvents(iName, iAttributes);
   (void)KelCheck(SUCCEEDED(hr));
   return hr;
 }
@@ -88,18 +89,24 @@ HRESULT MabRixSAXHandlerCustomQueryResult::Value(const MabIRixValue_var& iValue)
     return E_FAIL;
   pObject->_SetCADType(_CADType);
   pMajorObject->_SetMajorOID(_OID);
+  MabERixMinorObject_var spMinorObject;
   if (!_Version.IsEmpty() && !_RowID.IsEmpty())
   {
-    MabERixMinorObject* pMinorObject =
-        pContext->CreateMinorObject(MabRixObjectID(_RowID), _Type, _Name, _Revision, _Version, TRUE);
-    const MabERixMinorObject_var spMinorObject = MabERixMinorObject_var::Adopt(pMinorObject);
+    _MinorID.Assign(_RowID);
+    MabERixMinorObject* pMinorObject = pContext->CreateMinorObject(_MinorID, _Type, _Name, _Revision, _Version, TRUE);
+    spMinorObject = MabERixMinorObject_var::Adopt(pMinorObject);
     if (!KelCheck(pMinorObject) || !pMinorObject)
       return E_FAIL;
     pMinorObject->_SetThumbnail(_ThumbnailPath);
-    pMinorObject->_ExtraAttributes = _ExtraAttributes;
-    pMinorObject->_ElementValues = _ElementValues;
   }
   SetLockAndState(*pMajorObject);
+  // The row is stored and flushed: the minor object takes the dictionaries,
+  // in room of their size, instead of copies.
+  if (spMinorObject)
+  {
+    spMinorObject->_ExtraAttributes.TakeCompact(_ExtraAttributes);
+    spMinorObject->_ElementValues.TakeCompact(_ElementValues);
+  }
   Flush();
   return S_OK;
 }
@@ -137,14 +144,14 @@ void MabRixSAXHandlerCustomQueryResult::SetLockAndState(MabERixMajorObject& ioMa
 
 void MabRixSAXHandlerCustomQueryResult::Flush()
 {
-  _ThumbnailPath = MabRixPath();
-  _RowID = "";
-  _Name = "";
-  _OID = "";
-  _Revision = "";
-  _CADType = "";
-  _Type = "";
-  _Version = "";
+  _ThumbnailPath.Clear();
+  _RowID.Clear();
+  _Name.Clear();
+  _OID.Clear();
+  _Revision.Clear();
+  _CADType.Clear();
+  _Type.Clear();
+  _Version.Clear();
   _ExtraAttributes.RemoveAll();
   _ElementValues.RemoveAll();
 }

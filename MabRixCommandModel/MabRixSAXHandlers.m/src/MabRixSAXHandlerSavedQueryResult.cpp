@@ -33,7 +33,7 @@ HRESULT MabRixSAXHandlerSavedQueryResult::StartElement(const KelUnicodeString& i
     _InCriteria = 1;
   if (iName == "property")
   {
-    _CurrentPropertyName = MabRixGetAttribute(iAttributes, "name");
+    MabRixReadAttribute(iAttributes, "name", _CurrentPropertyName);
     if (MabRixGetAttribute(iAttributes, "type") == "basic")
       _IsBasicProperty = 1;
   }

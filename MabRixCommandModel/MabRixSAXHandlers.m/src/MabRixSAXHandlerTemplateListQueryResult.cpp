@@ -28,15 +28,16 @@ HRESULT MabRixSAXHandlerTemplateListQueryResult::StartElement(const KelUnicodeSt
   _CurrentElementName = iName;
   if (iName == "row")
   {
-    _CurrentTemplate._Name = MabRixGetAttribute(iAttributes, "name");
-    _CurrentTemplate._Type = MabRixGetAttribute(iAttributes, "type");
-    _CurrentTemplate._Revision = MabRixGetAttribute(iAttributes, "revision");
-    _CurrentTemplate._OID = MabRixGetAttribute(iAttributes, "oid");
+    MabRixReadAttribute(iAttributes, "name", _CurrentTemplate._Name);
+    MabRixReadAttribute(iAttributes, "type", _CurrentTemplate._Type);
+    MabRixReadAttribute(iAttributes, "revision", _CurrentTemplate._Revision);
+    MabRixReadAttribute(iAttributes, "oid", _CurrentTemplate._OID);
   }
   if (iName != "filename" && iName != "format")
     return S_OK;
-  const HRESULT hr =
-      MabRixStartChild(_spChildHandler, new (std::nothrow) MabRixSAXHandlerString(*this), iName, iAttributes);
+  // The last text element's handler reads this one when no one else holds it.
+  RenewChild<MabRixSAXHandlerString>(_spChildHandler);
+  const HRESULT hr = !_spChildHandler ? S_OK : _spChildHandler->StartHandlingEvents(iName, iAttributes);
   (void)KelCheck(SUCCEEDED(hr));
   return hr;
 }

@@ -28,11 +28,11 @@ HRESULT MabRixSAXHandlerWorkspaceListQueryResult::StartElement(const KelUnicodeS
   (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));
   if (iName != "row")
     return S_OK;
-  _CurrentWorkspace._RowID = MabRixGetAttribute(iAttributes, "rowid");
-  _CurrentWorkspace._OID = MabRixGetAttribute(iAttributes, "oid");
-  _CurrentWorkspace._Name = MabRixGetAttribute(iAttributes, "name");
-  _CurrentWorkspace._Revision = MabRixGetAttribute(iAttributes, "revision");
-  _CurrentWorkspace._Type = MabRixGetAttribute(iAttributes, "type");
+  MabRixReadAttribute(iAttributes, "rowid", _CurrentWorkspace._RowID);
+  MabRixReadAttribute(iAttributes, "oid", _CurrentWorkspace._OID);
+  MabRixReadAttribute(iAttributes, "name", _CurrentWorkspace._Name);
+  MabRixReadAttribute(iAttributes, "revision", _CurrentWorkspace._Revision);
+  MabRixReadAttribute(iAttributes, "type", _CurrentWorkspace._Type);
   if (_pWorkspaceListValue)
   {
     // First wins, for the OID and for the name.

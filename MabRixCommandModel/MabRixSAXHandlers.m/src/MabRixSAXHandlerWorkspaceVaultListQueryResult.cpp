@@ -29,12 +29,12 @@ HRESULT MabRixSAXHandlerWorkspaceVaultListQueryResult::StartElement(const KelUni
   (void)KelCheck(SUCCEEDED(MabRixSAXHandlerBase::StartElement(iName, iAttributes)));
   if (iName != "row")
     return S_OK;
-  _CurrentVault._RowID = MabRixGetAttribute(iAttributes, "rowid");
-  _CurrentVault._OID = MabRixGetAttribute(iAttributes, "oid");
-  _CurrentVault._ParentID = MabRixGetAttribute(iAttributes, "parentid");
-  _CurrentVault._Name = MabRixGetAttribute(iAttributes, "name");
-  _CurrentVault._Revision = MabRixGetAttribute(iAttributes, "revision");
-  _CurrentVault._Type = MabRixGetAttribute(iAttributes, "type");
+  MabRixReadAttribute(iAttributes, "rowid", _CurrentVault._RowID);
+  MabRixReadAttribute(iAttributes, "oid", _CurrentVault._OID);
+  MabRixReadAttribute(iAttributes, "parentid", _CurrentVault._ParentID);
+  MabRixReadAttribute(iAttributes, "name", _CurrentVault._Name);
+  MabRixReadAttribute(iAttributes, "revision", _CurrentVault._Revision);
+  MabRixReadAttribute(iAttributes, "type", _CurrentVault._Type);
   if (_pVaultListValue)
   {
     // The first row of an OID gives its details; the list keeps every row.
