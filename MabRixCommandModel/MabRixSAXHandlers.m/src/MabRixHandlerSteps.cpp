@@ -1,13 +1,14 @@
 #include "MabRixHandlerSteps.h"
 
 #include "KelError.h"
+#include "MabRixTextSupport.h"
 
 HRESULT MabRixReadRequiredAttribute(HRESULT iResult, const KelISAXAttributeList_var& iAttributes, const char* iName,
                                     KelUnicodeString& oValue, bool iNonEmpty, const char* iFile, int iLine)
 {
   HRESULT Result = iResult;
   if (SUCCEEDED(Result))
-    Result = !iAttributes ? E_FAIL : iAttributes->GetValue(KelUnicodeString(iName), oValue);
+    Result = MabRixCopyAttribute(iAttributes, iName, oValue);
   if (FAILED(Result) || (iNonEmpty && oValue.IsEmpty()))
     Result = ::MabRixUnexpectedError(Result, iFile, iLine);
   return Result;

@@ -10,6 +10,7 @@
 #include "KelUnicodeString.h"
 #include "MabIRixSAXHandler.h"
 #include "MabIRixValue.h"
+#include "MabRixTextSupport.h"
 
 // The attribute iName of the element being started; empty when the element
 // does not carry it. Every read starts from an empty string, so a missing
@@ -17,8 +18,7 @@
 inline KelUnicodeString MabRixGetAttribute(const KelISAXAttributeList_var& iAttributes, const char* iName)
 {
   KelUnicodeString Value;
-  if (!!iAttributes)
-    (void)iAttributes->GetValue(KelUnicodeString(iName), Value);
+  (void)MabRixCopyAttribute(iAttributes, iName, Value);
   return Value;
 }
 

@@ -9,6 +9,7 @@
 #include "MabRixSAXHandlerString.h"
 #include "MabRixStringUtils.h"
 #include "MabRixStringValue.h"
+#include "MabRixTextSupport.h"
 
 MabRixImplementHandler(MabRixSAXHandlerObjectDetailsList, MabRixSAXHandlerBase)
 
@@ -25,9 +26,7 @@ bool IsTrueText(KelUnicodeString& ioText, const char* iTrue)
 
 HRESULT ReadAttribute(const KelISAXAttributeList_var& iAttributes, const char* iName, KelUnicodeString& oValue)
 {
-  if (!iAttributes)
-    return E_FAIL;
-  return iAttributes->GetValue(KelUnicodeString(iName), oValue);
+  return MabRixCopyAttribute(iAttributes, iName, oValue);
 }
 }  // namespace
 

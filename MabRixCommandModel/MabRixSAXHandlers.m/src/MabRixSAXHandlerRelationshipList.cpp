@@ -91,7 +91,7 @@ HRESULT MabRixSAXHandlerRelationshipList::Value(const MabIRixValue_var& iValue)
     return E_FAIL;
   if (!pValue)
     return S_OK;  // nothing to read
-  const KelUnicodeString Type = !!pValue->_Value ? pValue->_Value->GetImpl()->IsA() : "";
+  const std::string_view Type = !!pValue->_Value ? pValue->_Value->GetImpl()->IsA() : "";
   if (Type != "MabRixStringValue")
     return S_OK;  // other kinds of value are not kept
   const MabRixStringValue* pStringValue = KelImplCast<MabRixStringValue>(pValue->_Value.Get());
