@@ -19,6 +19,7 @@
 #ifndef KelDico_h
 #define KelDico_h
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -27,6 +28,7 @@
 #include <memory_resource>
 #include <new>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -139,7 +141,7 @@ public:
     }
     Free();
     _pFirst = Allocate(ioOther._Size);
-    _FirstRoom = ioOther._Size;
+    _FirstRoom = static_cast<std::uint16_t>(ioOther._Size);
     for (; _Size < ioOther._Size; ++_Size)
       new (_pFirst + _Size) Entry(std::move(ioOther.At(_Size)));
     ioOther.RemoveAll();
@@ -159,9 +161,10 @@ public:
   /// Empties the dictionary; the room of the first entries is kept for reuse.
   void RemoveAll()
   {
-    for (std::size_t i = _Size; i-- > 0;)
+    for (std::size_t i = _Size + _Spare; i-- > 0;)
       At(i).~Entry();
     _Size = 0;
+    _Spare = 0;
     if (_pLarge)
     {
       for (std::size_t c = 0; c < _pLarge->_More.size(); ++c)
@@ -169,6 +172,26 @@ public:
       delete _pLarge;
       _pLarge = nullptr;
     }
+  }
+  /// Empties a dictionary of texts and keeps its first entries built: the
+  /// next entries take their places and the room of their texts, so that a
+  /// dictionary filled again for every record allocates nothing once grown.
+  /// (A dictionary of counted references uses RemoveAll, which releases
+  /// them.)
+  void Recycle() requires std::is_same_v<V, KelUnicodeString>
+  {
+    const std::size_t Kept = std::min<std::size_t>(_Size, _FirstRoom);
+    for (std::size_t i = _Size; i-- > Kept;)
+      At(i).~Entry();
+    if (_pLarge)
+    {
+      for (std::size_t c = 0; c < _pLarge->_More.size(); ++c)
+        Release(_pLarge->_More[c], ChunkCapacity(c + 1));
+      delete _pLarge;
+      _pLarge = nullptr;
+    }
+    _Spare = static_cast<std::uint16_t>(Kept + _Spare);
+    _Size = 0;
   }
   int Size() const { return static_cast<int>(_Size); }
 
@@ -312,6 +335,16 @@ private:
   {
     if (_Size >= 0xFFFFFFFEu)
       throw std::bad_alloc();
+    if (_Spare > 0)
+    {
+      // A place Recycle kept: its texts take the new ones in their room.
+      Entry& Place = At(_Size);
+      Place.first = iKey;
+      Place.second = iValue;
+      ++_Size;
+      --_Spare;
+      return;
+    }
     Entry* pRoom = Room();
     if (_Size + 1 > SmallSize)
       ReserveIndex(_Size + 1);
@@ -351,7 +384,7 @@ private:
     if (!_pFirst && iOther._Size > 0 && iOther._Size < SmallSize)
     {
       _pFirst = Allocate(iOther._Size);
-      _FirstRoom = static_cast<std::uint32_t>(iOther._Size);
+      _FirstRoom = static_cast<std::uint16_t>(iOther._Size);
     }
     for (std::size_t i = 0; i < iOther._Size; ++i)
     {
@@ -371,12 +404,13 @@ private:
       _FirstRoom = std::exchange(ioOther._FirstRoom, 0);
       _pLarge = std::exchange(ioOther._pLarge, nullptr);
       _Size = std::exchange(ioOther._Size, 0);
+      _Spare = std::exchange(ioOther._Spare, 0);
       return;
     }
     if (!_pFirst && ioOther._Size > 0 && ioOther._Size < SmallSize)
     {
       _pFirst = Allocate(ioOther._Size);
-      _FirstRoom = ioOther._Size;
+      _FirstRoom = static_cast<std::uint16_t>(ioOther._Size);
     }
     for (std::size_t i = 0; i < ioOther._Size; ++i)
     {
@@ -398,7 +432,8 @@ private:
 
   Entry* _pFirst = nullptr;                       ///< the first SmallSize entries
   std::uint32_t _Size = 0;                        ///< entries
-  std::uint32_t _FirstRoom = 0;                   ///< entries _pFirst has room for: SmallSize, or fewer when compact
+  std::uint16_t _FirstRoom = 0;                   ///< entries _pFirst has room for: SmallSize, or fewer when compact
+  std::uint16_t _Spare = 0;                       ///< entries built after the last one, kept by Recycle
   Large* _pLarge = nullptr;                       ///< null while the dictionary is small
   std::pmr::memory_resource* _pMemory = nullptr;  ///< where entries take room; null: the heap
 };

@@ -42,9 +42,10 @@ void MabRixSAXHandlerObjectAttribute::Renew()
   _CurrentElement.Clear();
   if (_pObjectAttributeValue && _pObjectAttributeValue->GetRefCount() == 1)
   {
+    // The texts keep their room for the next cadobject's.
     _pObjectAttributeValue->_PreviewPath.Clear();
-    _pObjectAttributeValue->_ElementValues.RemoveAll();
-    _pObjectAttributeValue->_Attributes.RemoveAll();
+    _pObjectAttributeValue->_ElementValues.Recycle();
+    _pObjectAttributeValue->_Attributes.Recycle();
     return;
   }
   if (_pObjectAttributeValue)

@@ -267,3 +267,65 @@ TEST(KelDicoMemory, MovingIntoADictionaryWithAMemoryResourceKeepsItsResource)
   Target.Insert("after", "all");
   EXPECT_EQ(Target["after"], "all");
 }
+
+TEST(KelDicoRecycle, RecycleEmptiesTheDictionary)
+{
+  KelUnicodeStringKelUnicodeStringDico Dico = Numbered(5);
+  Dico.Recycle();
+  EXPECT_EQ(Dico.Size(), 0);
+  EXPECT_FALSE(Dico.HasKey(KeyOf(0)));
+  EXPECT_EQ(Dico.begin(), Dico.end());
+  EXPECT_TRUE(Dico.Insert(KeyOf(3), "new"));
+  EXPECT_FALSE(Dico.Insert(KeyOf(3), "again"));  // first wins, among the new entries only
+  EXPECT_EQ(Dico[KeyOf(3)], "new");
+  EXPECT_EQ(Dico.Size(), 1);
+}
+
+TEST(KelDicoRecycle, TheNextEntriesTakeTheRoomOfTheRecycledTexts)
+{
+  KelUnicodeStringKelUnicodeStringDico Dico;
+  Dico.Insert("first", "a text longer than fifteen bytes, on the heap");
+  Dico.Insert("second", "another text longer than fifteen bytes");
+  const char* pFirstRoom = Dico["first"].ConvertToChar();
+  const char* pSecondRoom = Dico["second"].ConvertToChar();
+  Dico.Recycle();
+  Dico.Insert("one", "a shorter text, still long");
+  Dico.Insert("two", "the second one, long too");
+  EXPECT_EQ(Dico["one"].ConvertToChar(), pFirstRoom);
+  EXPECT_EQ(Dico["two"].ConvertToChar(), pSecondRoom);
+  EXPECT_EQ(Dico["one"], "a shorter text, still long");
+  EXPECT_EQ(Dico["two"], "the second one, long too");
+}
+
+TEST(KelDicoRecycle, ALargeDictionaryRecycledGrowsAgainWithEveryKeyFound)
+{
+  KelUnicodeStringKelUnicodeStringDico Dico = Numbered(50);
+  for (int Round = 0; Round < 3; ++Round)
+  {
+    Dico.Recycle();
+    for (int i = 0; i < 30; ++i)
+      ASSERT_TRUE(Dico.Insert(KeyOf(100 + i), KelUnicodeString(std::to_string(i))));
+    ASSERT_EQ(Dico.Size(), 30);
+    for (int i = 0; i < 30; ++i)
+      ASSERT_EQ(Dico[KeyOf(100 + i)], KelUnicodeString(std::to_string(i)));
+    EXPECT_FALSE(Dico.HasKey(KeyOf(0)));
+  }
+}
+
+TEST(KelDicoRecycle, CopiesMovesAndRemoveAllOfARecycledDictionarySeeOnlyItsEntries)
+{
+  KelUnicodeStringKelUnicodeStringDico Dico = Numbered(6);
+  Dico.Recycle();
+  Dico.Insert("kept", "value");
+  const KelUnicodeStringKelUnicodeStringDico Copy(Dico);
+  EXPECT_EQ(Copy.Size(), 1);
+  KelUnicodeStringKelUnicodeStringDico Moved(std::move(Dico));
+  EXPECT_EQ(Moved.Size(), 1);
+  EXPECT_EQ(Moved["kept"], "value");
+  Moved.Insert("more", "values");  // into a place kept by the recycling
+  EXPECT_EQ(Moved.Size(), 2);
+  Moved.RemoveAll();  // every kept place goes too (the sanitizers check it)
+  EXPECT_EQ(Moved.Size(), 0);
+  Moved.Insert("after", "all");
+  EXPECT_EQ(Moved["after"], "all");
+}
